@@ -1,0 +1,306 @@
+#include "mainwindow.h"
+
+#include "controller.h"
+#include "messages.h"
+#include "mydelegate.h"
+#include "mymodel.h"
+#include "styles.h"
+#include "ui_mainwindow.h"
+#include "usagemarks.h"
+#include "vdjmodel.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStandardPaths>
+
+namespace {
+
+constexpr int padsWindowWidth = 650;
+// The two ways into the MIDI layout differ by one pixel.
+constexpr int midiWindowWidthFromPads = 1365;
+constexpr int midiWindowWidth = 1366;
+const QRect padsOutputGeometry(290, 30, 341, 51);
+const QRect midiOutputGeometry(290, 30, 1071, 51);
+
+/// Creates the last folder of \a path only; that it failed shows when something is saved there.
+void createfolder(const QString& path)
+{
+    if (!QDir(path).exists())
+        QDir().mkdir(path);
+}
+
+void setdragging(QTableView* view, bool acceptdrops)
+{
+    view->setDragEnabled(true);
+    view->setAcceptDrops(acceptdrops);
+    view->setDropIndicatorShown(acceptdrops);
+    view->setDefaultDropAction(Qt::CopyAction);
+}
+
+void removeallrows(QAbstractItemModel* model)
+{
+    if (model->rowCount() > 0)
+        model->removeRows(0, model->rowCount());
+}
+
+}
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>()),
+      homePath(QStandardPaths::writableLocation(QStandardPaths::HomeLocation)),
+      documentsPath(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
+      programFolder(documentsPath + QStringLiteral("/Lumipad")),
+      projectsPath(programFolder + QStringLiteral("/projects")),
+      padsPath(documentsPath + QStringLiteral("/VirtualDJ/Pads")),
+      mappersPath(documentsPath + QStringLiteral("/VirtualDJ/Mappers"))
+{
+    ui->setupUi(this);
+    setWindowTitle(QStringLiteral("Lumipad"));
+    setupviews();
+
+    ui->mainToolBar->hide();
+    ui->statusBar->hide();
+    ui->statusBar->setSizeGripEnabled(false);
+    setstyles();
+    setupkeys();
+
+    resetbanks();
+    updatebankcombo();
+    initpadlist();
+
+    createfolder(programFolder);
+    createfolder(projectsPath);
+
+    ui->radioButton_8pads->setChecked(true);
+    ui->vdjlistview->hideColumn(1);
+    ui->radio_outputpage->setChecked(true);
+    showpadslayout();
+    // The form names the field "Pad Page"; "Pads Page" comes with the first click on an output.
+    ui->label_padname->setText(QStringLiteral("Pad Page"));
+
+    messageBoxStyle = Style::messageBox();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setupviews()
+{
+    delegate = new Mydelegate(this);
+    vdjModel = new VDJModel(this);
+    ui->vdjlistview->setModel(vdjModel);
+    setdragging(ui->vdjlistview, true);
+    ui->vdjlistview->horizontalHeader()->setStretchLastSection(true);
+    ui->vdjlistview->setSelectionMode(QAbstractItemView::SingleSelection);
+    ui->vdjlistview->setColumnWidth(0, 150);
+    ui->vdjlistview->setMouseTracking(true);
+
+    controllerModel = new Controller(this);
+    ui->tablecontroller->setModel(controllerModel);
+    setdragging(ui->tablecontroller, true);
+    ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
+    ui->tablecontroller->setItemDelegate(delegate);
+    ui->tablecontroller->setMouseTracking(true);
+
+    dmxModel = new MyModel(this);
+    ui->dmxlistview->setModel(dmxModel);
+    setdragging(ui->dmxlistview, false);
+    ui->dmxlistview->horizontalHeader()->setStretchLastSection(true);
+    ui->dmxlistview->setSelectionMode(QAbstractItemView::SingleSelection);
+
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
+        view->horizontalHeader()->hide();
+        view->verticalHeader()->hide();
+    }
+    ui->tablecontroller->setContextMenuPolicy(Qt::CustomContextMenu);
+    ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+/// The keys a person expects. They are shortcuts of the window, not of the actions, because the menu would
+/// draw an action's own key beside its text.
+void MainWindow::setupkeys()
+{
+    addkey(QKeySequence::Open, ui->actionNew);
+    addkey(QKeySequence::New, ui->actionNew_2);
+    addkey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O), ui->actionLoad_Project);
+    addkey(QKeySequence::Save, ui->actionSave_2);
+    addkey(QKeySequence(Qt::CTRL | Qt::Key_E), ui->actionExport);
+    addkey(QKeySequence(Qt::CTRL | Qt::Key_Q), ui->actionExit);
+    addkey(QKeySequence(Qt::Key_F1), ui->actionManual);
+}
+
+void MainWindow::addkey(const QKeySequence& key, QAction* action)
+{
+    auto* shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, action, &QAction::trigger);
+}
+
+void MainWindow::setstyles()
+{
+    ui->centralWidget->setStyleSheet(Style::centralWidget());
+    // All labels but label_4, which shows on the window's own background.
+    for (QLabel* label : {ui->label, ui->label_2, ui->label_3, ui->label_5, ui->label_6, ui->label_7,
+                          ui->label_9, ui->label_10, ui->bank_label, ui->bank_label_3, ui->label_padname})
+        label->setStyleSheet(Style::label());
+    // All group boxes but groupBox_colors, which belongs to the one around it.
+    for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
+                           ui->groupBox_pads, ui->groupBox_controller})
+        box->setStyleSheet(Style::groupBox());
+    for (QRadioButton* radio : {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads,
+                                ui->radioButton_16pads})
+        radio->setStyleSheet(Style::radioButton());
+    for (QLineEdit* edit : {ui->padsname, ui->bankname})
+        edit->setStyleSheet(Style::lineEdit());
+    for (QPushButton* button :
+         {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
+        button->setStyleSheet(Style::pushButton());
+    for (QComboBox* combo : {ui->combobox, ui->devicescombo, ui->mididevices, ui->combo_offcolor,
+                             ui->combo_oncolor, ui->bankcombo})
+        combo->setStyleSheet(Style::comboBox());
+    ui->tablecontroller->setStyleSheet(Style::controllerTable());
+    ui->dmxlistview->setStyleSheet(Style::listTable());
+    ui->vdjlistview->setStyleSheet(Style::listTable());
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
+        view->verticalScrollBar()->setStyleSheet(Style::scrollBar());
+}
+
+void MainWindow::showpadslayout()
+{
+    ui->groupBox_pads->show();
+    ui->groupBox_midis->hide();
+    ui->groupBox_controller->hide();
+    ui->groupBox->setGeometry(padsOutputGeometry);
+    setFixedWidth(padsWindowWidth);
+    ui->label_padname->setText(QStringLiteral("Pads Page"));
+}
+
+void MainWindow::showmidilayout(int width)
+{
+    ui->groupBox_pads->hide();
+    ui->groupBox_midis->show();
+    ui->groupBox_controller->show();
+    ui->groupBox->setGeometry(midiOutputGeometry);
+    setFixedWidth(width);
+    ui->label_padname->setText(QStringLiteral("MIDI Mapping"));
+}
+
+void MainWindow::on_radio_outputpage_clicked()
+{
+    resetdmxlist();
+    if (ui->radio_outputpage->isChecked())
+        showpadslayout();
+    else
+        showmidilayout(midiWindowWidthFromPads);
+}
+
+void MainWindow::on_radio_outputmidi_clicked()
+{
+    resetdmxlist();
+    if (ui->radio_outputmidi->isChecked())
+        showmidilayout(midiWindowWidth);
+    else
+        showpadslayout();
+}
+
+bool MainWindow::isMIDIempty()
+{
+    return gridempty(*controllerModel);
+}
+
+bool MainWindow::projectempty()
+{
+    return (ui->radio_outputpage->isChecked() && isVDJempty())
+           || (ui->radio_outputmidi->isChecked() && isMIDIempty());
+}
+
+void MainWindow::message(const QString& text, const QString& informativetext)
+{
+    showmessage(messageBoxStyle, text, informativetext);
+}
+
+bool MainWindow::confirmoverwrite(const QString& text)
+{
+    return showmessage(messageBoxStyle, text, QStringLiteral("Do you want to overwrite ?"),
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+           == QMessageBox::Yes;
+}
+
+QMessageBox::StandardButton confirmexit(const QString& style)
+{
+    return showmessage(style, QStringLiteral("Project is not empty."),
+                       QStringLiteral("Are you sure you want to exit ?"),
+                       QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    const bool stay =
+        !showName.isEmpty() && !projectempty() && confirmexit(messageBoxStyle) == QMessageBox::Cancel;
+    event->setAccepted(!stay);
+}
+
+void MainWindow::on_actionExit_triggered()
+{
+    if (showName.isEmpty()) {
+        close();
+    } else if (projectempty()) {
+        showName.clear();
+        close();
+        close();
+    } else {
+        const QMessageBox::StandardButton answer = confirmexit(messageBoxStyle);
+        if (answer == QMessageBox::Cancel)
+            return;
+        // Without a show name the close guard does not ask a second time.
+        if (answer == QMessageBox::Yes)
+            showName.clear();
+        close();
+    }
+}
+
+void MainWindow::on_actionNew_triggered()
+{
+    on_loadini_clicked();
+}
+
+void MainWindow::on_loadini_clicked()
+{
+    if (showName.isEmpty() || projectempty()) {
+        loadshow();
+        return;
+    }
+    const auto answer = showmessage(
+        messageBoxStyle,
+        QStringLiteral("Are you sure you want to open a new Show \nbefore saving current Project ?"), QString(),
+        QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Yes)
+        loadshow();
+}
+
+void MainWindow::on_actionNew_2_triggered()
+{
+    cleanMIDI();
+    cleanVDJ();
+    initpadlist();
+    for (int row = 0; row < dmxModel->rowCount(); ++row)
+        dmxModel->setData(dmxModel->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
+    ui->dmxlistview->viewport()->update();
+    ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
+    ui->dmxlistview->setFocus();
+}
+
+void MainWindow::cleanDMX()
+{
+    removeallrows(dmxModel);
+}
+
+void MainWindow::cleanVDJ()
+{
+    removeallrows(vdjModel);
+}
+
+void MainWindow::cleanMIDI()
+{
+    removeallrows(controllerModel);
+}

@@ -1,0 +1,22 @@
+#include "messages.h"
+
+#include <QAbstractButton>
+
+QMessageBox::StandardButton showmessage(const QString& style, const QString& text,
+                                        const QString& informativetext, QMessageBox::StandardButtons buttons,
+                                        QMessageBox::StandardButton defaultbutton,
+                                        QMessageBox::StandardButtons unavailable)
+{
+    QMessageBox box;
+    box.setStyleSheet(style);
+    // Names of shows and pages are shown as they are, also where they look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setInformativeText(informativetext);
+    box.setStandardButtons(buttons);
+    box.setDefaultButton(defaultbutton);
+    const auto all = box.buttons();
+    for (QAbstractButton* button : all)
+        button->setDisabled(unavailable.testFlag(box.standardButton(button)));
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}

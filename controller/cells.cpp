@@ -1,0 +1,49 @@
+#include "cells.h"
+
+namespace {
+
+/// Whether a side of \a count buttons has one at \a line: they start at the line of the first pad.
+bool sidehas(int line, const QString& count)
+{
+    return line >= Grid::FirstPad && line - Grid::FirstPad < count.toInt();
+}
+
+bool isavailable(int row, int col, const Record& device)
+{
+    if (!Grid::contains(row, col) || Grid::isspacer(row) || Grid::isspacer(col))
+        return false;
+    // Rows before columns: in the corners (0, 11) and (11, 11) the top and bottom sides decide.
+    if (row == Grid::LastSide)
+        return sidehas(col, device.value(QStringLiteral("bottom")));
+    if (row == Grid::FirstSide)
+        return sidehas(col, device.value(QStringLiteral("top")));
+    if (col == Grid::LastSide)
+        return sidehas(row, device.value(QStringLiteral("right")));
+    if (col == Grid::FirstSide)
+        return sidehas(row, device.value(QStringLiteral("left")));
+    return true;
+}
+
+} // namespace
+
+QString padtext(int row, int col)
+{
+    const bool sidecolumn = col == Grid::FirstSide || col == Grid::LastSide;
+    const bool siderow = row == Grid::FirstSide || row == Grid::LastSide;
+    if (!Grid::contains(row, col) || Grid::isspacer(row) || Grid::isspacer(col) || (siderow && sidecolumn))
+        return QLatin1String("");
+    if (row == Grid::FirstSide)
+        return QStringLiteral("TOP %1").arg(col - 1);
+    if (row == Grid::LastSide)
+        return QStringLiteral("BOTTOM %1").arg(col - 1);
+    if (col == Grid::FirstSide)
+        return QStringLiteral("LEFT %1").arg(row - 1);
+    if (col == Grid::LastSide)
+        return QStringLiteral("RIGHT %1").arg(row - 1);
+    return QStringLiteral("PAD %1").arg(8 * row + col - 17);
+}
+
+QString padavail(int row, int col, const Record& device)
+{
+    return isavailable(row, col, device) ? QStringLiteral("1") : QStringLiteral("0");
+}

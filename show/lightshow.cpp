@@ -1,0 +1,115 @@
+#include "lightshow.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTextCodec>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int mibUtf8 = 106; // IANA character sets
+
+/// The lighting programs write names in the encoding of their machine, so a file can hold UTF-8 in one title
+/// and Latin-1 in the next. QSettings hands over each run of plain characters on its own.
+class Utf8OrLatin1 : public QTextCodec
+{
+public:
+    QByteArray name() const override { return QByteArrayLiteral("Lumipad-UTF-8-or-Latin-1"); }
+    int mibEnum() const override { return -4711; } // negative: not a registered character set
+
+protected:
+    QString convertToUnicode(const char* chars, int length, ConverterState*) const override
+    {
+        ConverterState state(IgnoreHeader);
+        const QString text = codecForMib(mibUtf8)->toUnicode(chars, length, &state);
+        return state.invalidChars || state.remainingChars ? QString::fromLatin1(chars, length) : text;
+    }
+    QByteArray convertFromUnicode(const QChar* chars, int length, ConverterState*) const override
+    {
+        return QString(chars, length).toUtf8();
+    }
+};
+
+QTextCodec* inicodec()
+{
+    static QTextCodec* const codec = new Utf8OrLatin1; // Qt owns every codec from its construction on
+    return codec;
+}
+
+/// The value of \a key as text. QSettings takes an unquoted comma for a list separator; a title is one text.
+QString textvalue(const QSettings& settings, const QString& key)
+{
+    const QVariant value = settings.value(key);
+    return value.type() == QVariant::StringList ? value.toStringList().join(QStringLiteral(", "))
+                                                : value.toString();
+}
+
+/// Copies every key of \a group into \a record.
+void readgroup(QSettings& settings, const QString& group, Record* record)
+{
+    settings.beginGroup(group);
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys)
+        record->insert(key, textvalue(settings, key));
+    settings.endGroup();
+}
+
+Record readbutton(QSettings& settings, const QString& group, int page, int buttonid)
+{
+    Record record{{Key::pageId(), QString::number(page)}, {Key::check(), QStringLiteral("0")}};
+    readgroup(settings, group, &record);
+    const auto color = record.find(Key::color());
+    if (color == record.end())
+        record.insert(Key::color(), getcolor(QString()));
+    else
+        *color = getcolor(QString::number(color->toInt(), 16).toUpper());
+    record.insert(Key::buttonId(), QString::number(buttonid));
+    return record;
+}
+
+}
+
+std::optional<LightShow> readlightshow(const QString& path)
+{
+    // A folder, pipe or device under this name is no show; reading a pipe could block for ever.
+    if (!QFileInfo(path).isFile() || !QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+        return std::nullopt;
+    QSettings settings(path, QSettings::IniFormat);
+    settings.setIniCodec(inicodec());
+
+    LightShow show;
+    show.pages.append({{Key::pageId(), QStringLiteral("0")}, {Key::pageName(), QStringLiteral("All Pages")}});
+    const int pages = std::min(textvalue(settings, QStringLiteral("page/number")).toInt(), maxLivePages);
+    for (int page = 1; page <= pages; ++page) {
+        Record record{{Key::pageId(), QString::number(page)}};
+        readgroup(settings, QStringLiteral("page") + QString::number(page), &record);
+        show.pages.append(record);
+    }
+    for (int page = 1; page < show.pages.size(); ++page) {
+        const Record& record = show.pages.at(page);
+        const QString prefix =
+            QStringLiteral("page") + record.value(Key::pageId()) + QStringLiteral("_button");
+        const int count = std::min(record.value(Key::buttonCount()).toInt(),
+                                   maxLiveButtons - show.buttons.size());
+        for (int button = 1; button <= count; ++button)
+            show.buttons.append(
+                readbutton(settings, prefix + QString::number(button), page, show.buttons.size()));
+    }
+    return show;
+}
+
+QString getcolor(const QString& color)
+{
+    return QLatin1Char('#')
+           + (color.isEmpty() ? QStringLiteral("ffffff") : color.rightJustified(6, QLatin1Char('0')));
+}
+
+int buttonsperpage(const QList<Record>& buttons, int page)
+{
+    const QString pageid = QString::number(page);
+    return static_cast<int>(std::count_if(buttons.cbegin(), buttons.cend(), [&](const Record& button) {
+        return button.value(Key::pageId()) == pageid;
+    }));
+}

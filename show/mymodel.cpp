@@ -1,0 +1,209 @@
+#include "mymodel.h"
+
+#include "colortext.h"
+#include "itemroles.h"
+#include "payload.h"
+
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace {
+
+/// The record key behind a role; null for roles without one.
+QString keyofrole(int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return Key::title();
+    case Qt::DecorationRole:
+        return Key::color();
+    case Qt::ForegroundRole:
+        return Key::textColor();
+    case Qt::CheckStateRole:
+        return Key::check();
+    case ItemRole::Page:
+        return Key::pageId();
+    case ItemRole::DspName:
+        return Key::dspName();
+    case ItemRole::Source:
+        return Key::source();
+    case ItemRole::Id:
+        return Key::buttonId();
+    default:
+        return QString();
+    }
+}
+
+Record newrow()
+{
+    return {
+        {Key::title(), QStringLiteral("1")},       {Key::dspName(), QStringLiteral("1")},
+        {Key::color(), QStringLiteral("#FFFFFF")}, {Key::pageId(), QStringLiteral("0")},
+        {Key::buttonId(), QStringLiteral("0")},    {Key::check(), QStringLiteral("0")},
+        {Key::source(), QStringLiteral("1")},      {Key::textColor(), QStringLiteral("#ffffff")},
+    };
+}
+
+}
+
+MyModel::MyModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+MyModel::MyModel(const QList<Record>& list, QObject* parent) : QAbstractTableModel(parent), m_list(list) {}
+
+int MyModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_list.size();
+}
+
+int MyModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : 1;
+}
+
+QVariant MyModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= m_list.size() || index.column() != 0)
+        return QVariant();
+    const Record& record = m_list.at(index.row());
+    switch (role) {
+    case Qt::DecorationRole:
+    case Qt::ForegroundRole:
+        return colorfromtext(record.value(keyofrole(role)));
+    case Qt::ToolTipRole:
+        return QStringLiteral("Drag a Live Button and Drop to a VirtualDJ  Pad");
+    case Qt::BackgroundRole:
+        return QColor(Qt::white);
+    case Qt::CheckStateRole:
+        return record.value(Key::check()) == QLatin1String("1") ? Qt::Checked : Qt::Unchecked;
+    default:
+        break;
+    }
+    const QString key = keyofrole(role);
+    return key.isNull() ? QVariant() : record.value(key);
+}
+
+bool MyModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!index.isValid() || index.row() >= m_list.size() || index.column() != 0)
+        return false;
+    if (role == Qt::BackgroundRole)
+        return true; // the background is always white; callers set it all the same
+    const QString key = keyofrole(role);
+    if (key.isNull())
+        return false;
+    if (role == Qt::CheckStateRole) {
+        bool isnumber = false;
+        const bool unchecked = value.toInt(&isnumber) == 0 && isnumber;
+        m_list[index.row()][key] = unchecked ? QStringLiteral("0") : QStringLiteral("1");
+    } else {
+        m_list[index.row()][key] = value.toString();
+    }
+    return true;
+}
+
+QVariant MyModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return QVariant();
+    switch (section) {
+    case 0:
+        return QStringLiteral("Color");
+    case 1:
+        return QStringLiteral("Name");
+    default:
+        return QVariant();
+    }
+}
+
+QStringList MyModel::mimeTypes() const
+{
+    return payloadformats();
+}
+
+QMimeData* MyModel::mimeData(const QModelIndexList& indexes) const
+{
+    // The last three are roles that the list does not have: they travel as null strings, so that a
+    // controller pad starts without colours and blink of its own.
+    return encodepayload(indexes, {{Qt::EditRole, {}},
+                                   {ItemRole::Page, {}},
+                                   {ItemRole::DspName, {}},
+                                   {-1, QStringLiteral("1")},
+                                   {ItemRole::Id, {}},
+                                   {-1, QStringLiteral("1")},
+                                   {ItemRole::ColorOff, {}},
+                                   {ItemRole::ColorOn, {}},
+                                   {ItemRole::ColorOn, {}}});
+}
+
+bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, int, const QModelIndex& parent)
+{
+    if (action == Qt::IgnoreAction)
+        return true;
+    const auto payload = decodepayload(data, PayloadOrigin + 1);
+    if (!payload || !parent.isValid() || parent.row() >= m_list.size())
+        return false;
+    const QModelIndex target = index(parent.row(), 0);
+    setData(target, payload->fields.at(1), Qt::EditRole);
+    setData(target, payload->fields.at(2), ItemRole::Page);
+    setData(target, payload->fields.at(3), ItemRole::DspName);
+    setData(target, payload->fields.at(4), ItemRole::Source);
+    setData(target, payload->fields.at(5), ItemRole::Id);
+    setData(target, payload->color, Qt::DecorationRole);
+    return true;
+}
+
+Qt::DropActions MyModel::supportedDropActions() const
+{
+    return Qt::CopyAction | Qt::MoveAction;
+}
+
+Qt::DropActions MyModel::supportedDragActions() const
+{
+    return Qt::CopyAction;
+}
+
+bool MyModel::insertRows(int row, int count, const QModelIndex& parent)
+{
+    if (parent.isValid() || row < 0 || row > m_list.size() || count < 1)
+        return false;
+    beginInsertRows(parent, row, row + count - 1);
+    const Record record = newrow();
+    for (int i = 0; i < count; ++i)
+        m_list.prepend(record);
+    endInsertRows();
+    return true;
+}
+
+bool MyModel::removeRows(int row, int count, const QModelIndex& parent)
+{
+    if (parent.isValid() || row < 0 || count < 0)
+        return false;
+    const int last = std::min(count, m_list.size() - row) + row - 1;
+    if (last < row)
+        return true;
+    beginRemoveRows(parent, row, last);
+    m_list.erase(m_list.begin() + row, m_list.begin() + last + 1);
+    endRemoveRows();
+    return true;
+}
+
+Qt::ItemFlags MyModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+    if (!index.isValid())
+        return base;
+    // The tristate bit comes without ItemIsUserCheckable: the mark is shown, the user cannot click it.
+    return base | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsAutoTristate;
+}
+
+QList<Record> MyModel::getList() const
+{
+    return m_list;
+}
+
+QString MyModel::get_name(const QModelIndex& index) const
+{
+    return data(index, Qt::EditRole).toString();
+}
