@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr int rowHeight = 30;
 constexpr int padsWindowWidth = 650;
 // The two ways into the MIDI layout differ by one pixel.
 constexpr int midiWindowWidthFromPads = 1365;
@@ -45,7 +46,7 @@ void removeallrows(QAbstractItemModel* model)
         model->removeRows(0, model->rowCount());
 }
 
-}
+} // namespace
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>()),
@@ -59,6 +60,9 @@ MainWindow::MainWindow(QWidget* parent)
     ui->setupUi(this);
     setWindowTitle(QStringLiteral("Lumipad"));
     setupviews();
+
+    // The two boxes of the MIDI side overlap; the last line of this one would hide the first of the grid's.
+    ui->groupBox_midis->setMask(ui->groupBox_midis->rect().adjusted(0, 0, 0, -1));
 
     ui->mainToolBar->hide();
     ui->statusBar->hide();
@@ -113,6 +117,9 @@ void MainWindow::setupviews()
         view->horizontalHeader()->hide();
         view->verticalHeader()->hide();
     }
+    // Eight rows fill both lists exactly; the toolkit's own height follows the screen's resolution.
+    ui->dmxlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
+    ui->vdjlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
     ui->tablecontroller->setContextMenuPolicy(Qt::CustomContextMenu);
     ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
 }
@@ -123,10 +130,10 @@ void MainWindow::setupkeys()
 {
     addkey(QKeySequence::Open, ui->actionNew);
     addkey(QKeySequence::New, ui->actionNew_2);
-    addkey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O), ui->actionLoad_Project);
+    addkey(QKeySequence(QStringLiteral("Ctrl+Shift+O")), ui->actionLoad_Project);
     addkey(QKeySequence::Save, ui->actionSave_2);
-    addkey(QKeySequence(Qt::CTRL | Qt::Key_E), ui->actionExport);
-    addkey(QKeySequence(Qt::CTRL | Qt::Key_Q), ui->actionExit);
+    addkey(QKeySequence(QStringLiteral("Ctrl+E")), ui->actionExport);
+    addkey(QKeySequence(QStringLiteral("Ctrl+Q")), ui->actionExit);
     addkey(QKeySequence(Qt::Key_F1), ui->actionManual);
 }
 
@@ -147,13 +154,12 @@ void MainWindow::setstyles()
     for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
                            ui->groupBox_pads, ui->groupBox_controller})
         box->setStyleSheet(Style::groupBox());
-    for (QRadioButton* radio : {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads,
-                                ui->radioButton_16pads})
+    for (QRadioButton* radio :
+         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
         radio->setStyleSheet(Style::radioButton());
     for (QLineEdit* edit : {ui->padsname, ui->bankname})
         edit->setStyleSheet(Style::lineEdit());
-    for (QPushButton* button :
-         {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
+    for (QPushButton* button : {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
         button->setStyleSheet(Style::pushButton());
     for (QComboBox* combo : {ui->combobox, ui->devicescombo, ui->mididevices, ui->combo_offcolor,
                              ui->combo_oncolor, ui->bankcombo})
@@ -203,15 +209,12 @@ void MainWindow::on_radio_outputmidi_clicked()
         showpadslayout();
 }
 
-bool MainWindow::isMIDIempty()
-{
-    return gridempty(*controllerModel);
-}
+bool MainWindow::isMIDIempty() { return gridempty(*controllerModel); }
 
 bool MainWindow::projectempty()
 {
-    return (ui->radio_outputpage->isChecked() && isVDJempty())
-           || (ui->radio_outputmidi->isChecked() && isMIDIempty());
+    return (ui->radio_outputpage->isChecked() && isVDJempty()) ||
+           (ui->radio_outputmidi->isChecked() && isMIDIempty());
 }
 
 void MainWindow::message(const QString& text, const QString& informativetext)
@@ -222,8 +225,7 @@ void MainWindow::message(const QString& text, const QString& informativetext)
 bool MainWindow::confirmoverwrite(const QString& text)
 {
     return showmessage(messageBoxStyle, text, QStringLiteral("Do you want to overwrite ?"),
-                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-           == QMessageBox::Yes;
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 QMessageBox::StandardButton confirmexit(const QString& style)
@@ -259,10 +261,7 @@ void MainWindow::on_actionExit_triggered()
     }
 }
 
-void MainWindow::on_actionNew_triggered()
-{
-    on_loadini_clicked();
-}
+void MainWindow::on_actionNew_triggered() { on_loadini_clicked(); }
 
 void MainWindow::on_loadini_clicked()
 {
@@ -272,8 +271,9 @@ void MainWindow::on_loadini_clicked()
     }
     const auto answer = showmessage(
         messageBoxStyle,
-        QStringLiteral("Are you sure you want to open a new Show \nbefore saving current Project ?"), QString(),
-        QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Save);
+        QStringLiteral("Are you sure you want to open a new Show \nbefore saving current Project ?"),
+        QString(), QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel,
+        QMessageBox::Save);
     if (answer == QMessageBox::Yes)
         loadshow();
 }
@@ -290,17 +290,8 @@ void MainWindow::on_actionNew_2_triggered()
     ui->dmxlistview->setFocus();
 }
 
-void MainWindow::cleanDMX()
-{
-    removeallrows(dmxModel);
-}
+void MainWindow::cleanDMX() { removeallrows(dmxModel); }
 
-void MainWindow::cleanVDJ()
-{
-    removeallrows(vdjModel);
-}
+void MainWindow::cleanVDJ() { removeallrows(vdjModel); }
 
-void MainWindow::cleanMIDI()
-{
-    removeallrows(controllerModel);
-}
+void MainWindow::cleanMIDI() { removeallrows(controllerModel); }

@@ -51,10 +51,7 @@ void MainWindow::showbank(int bank)
     ui->bankname->setText(banks.value(bank));
 }
 
-void MainWindow::on_bankcombo_currentIndexChanged(int index)
-{
-    showbank(index);
-}
+void MainWindow::on_bankcombo_currentIndexChanged(int index) { showbank(index); }
 
 void MainWindow::on_bankname_editingFinished()
 {
@@ -84,15 +81,9 @@ void MainWindow::on_radioButton_16pads_clicked(bool checked)
         ui->vdjlistview->showColumn(1);
 }
 
-bool MainWindow::isVDJempty()
-{
-    return gridempty(*vdjModel);
-}
+bool MainWindow::isVDJempty() { return gridempty(*vdjModel); }
 
-void MainWindow::on_pushButton_2_clicked()
-{
-    on_actionExport_triggered();
-}
+void MainWindow::on_pushButton_2_clicked() { on_actionExport_triggered(); }
 
 void MainWindow::on_actionExport_triggered()
 {
@@ -119,8 +110,8 @@ bool MainWindow::exportpage()
     page.sixteenPads = ui->radioButton_16pads->isChecked();
     page.pads = padspagepads(*vdjModel);
     const QString path = padsPath + QLatin1Char('/') + page.name + QStringLiteral(".xml");
-    if (QFileInfo::exists(path)
-        && !confirmoverwrite(QStringLiteral("Pads Page ") + page.name + QStringLiteral(" already exists.")))
+    if (QFileInfo::exists(path) &&
+        !confirmoverwrite(QStringLiteral("Pads Page ") + page.name + QStringLiteral(" already exists.")))
         return false;
     writetextfile(path, padspagexml(page));
     message(QStringLiteral("Pads Page ") + page.name + QStringLiteral(" is created."),

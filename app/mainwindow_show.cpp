@@ -2,10 +2,10 @@
 
 #include "mainwindow.h"
 
+#include "controller.h"
 #include "itemroles.h"
 #include "lightshow.h"
 #include "mymodel.h"
-#include "controller.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
 #include "vdjmodel.h"
@@ -16,8 +16,9 @@
 
 bool MainWindow::loadshow()
 {
-    const QString folder = QFileDialog::getExistingDirectory(
-        this, QStringLiteral("Select a Show"), homePath + QStringLiteral("/TheLightingController/LightShows"));
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, QStringLiteral("Select a Show"),
+                                          homePath + QStringLiteral("/TheLightingController/LightShows"));
     if (folder.isEmpty())
         return false;
     const QString path = folder + QStringLiteral("/Live/live.ini");
@@ -53,15 +54,9 @@ bool MainWindow::loadshowname(QString path)
     return true;
 }
 
-QString MainWindow::getcolor(QString color)
-{
-    return ::getcolor(color);
-}
+QString MainWindow::getcolor(QString color) { return ::getcolor(color); }
 
-int MainWindow::buttonsperpage(int page)
-{
-    return ::buttonsperpage(buttons, page);
-}
+int MainWindow::buttonsperpage(int page) { return ::buttonsperpage(buttons, page); }
 
 void MainWindow::initlist()
 {
@@ -102,10 +97,7 @@ void MainWindow::updatelist(int index)
     }
 }
 
-void MainWindow::on_combobox_currentIndexChanged(int index)
-{
-    updatelist(index);
-}
+void MainWindow::on_combobox_currentIndexChanged(int index) { updatelist(index); }
 
 void MainWindow::resetdmxlist()
 {

@@ -21,10 +21,7 @@ inline QString centralWidget()
     return QStringLiteral("QWidget {color: #cccccc; background-color: #202020;}");
 }
 
-inline QString label()
-{
-    return QStringLiteral("QLabel {background-color:transparent; color:#cccccc} ");
-}
+inline QString label() { return QStringLiteral("QLabel {background-color:transparent; color:#cccccc} "); }
 
 inline QString groupBox()
 {
@@ -77,26 +74,25 @@ inline QString comboBox()
                "QComboBox::drop-down {image: url(:/icons/Images/arrowdown.png); width: 20px; "
                "background: #505050; border-left: 1px solid #707070;}"
                "QComboBox QListView {padding: 3px 0px; border: 1px solid darkgray; "
-               "selection-background-color: #505050;}")
-           + scrollBar();
+               "selection-background-color: #505050;}") +
+           scrollBar();
 }
 
 inline QString listTable()
 {
-    return QStringLiteral(
-        "QTableView {font: normal 12px 'Arial'; outline: 0; gridline-color: #252525; "
-        "background: black; border: 0px;}"
-        "QTableView::item {background-color: black; border: 1px solid #404040;}"
-        "QTableView::item:focus {background-color: black;}"
-        "QTableView::item:selected, QTableView::item:selected:focus "
-        "{background-color: #404040; color: white;}"
-        "QTableView::item:hover {background-color: #202020;}"
-        "QTableView::item:hover:selected {background-color: #404040;}"
-        "QTableView::indicator:checked {image: url(:/icons/Images/checkbox.png); "
-        "background-color: #202020; color: #aaaaaa; border: 1px solid #505050;}"
-        "QTableView::indicator:unchecked {background-color: #202020; color: #aaaaaa; "
-        "border: 1px solid #505050;}"
-        "QToolTip {background: #202020; color: white; border: 1px solid #808080;}");
+    return QStringLiteral("QTableView {font: normal 12px 'Arial'; outline: 0; gridline-color: #252525; "
+                          "background: black; border: 0px;}"
+                          "QTableView::item {background-color: black; border: 1px solid #404040;}"
+                          "QTableView::item:focus {background-color: black;}"
+                          "QTableView::item:selected, QTableView::item:selected:focus "
+                          "{background-color: #404040; color: white;}"
+                          "QTableView::item:hover {background-color: #202020;}"
+                          "QTableView::item:hover:selected {background-color: #404040;}"
+                          "QTableView::indicator:checked {image: url(:/icons/Images/checkbox.png); "
+                          "background-color: #202020; color: #aaaaaa; border: 1px solid #505050;}"
+                          "QTableView::indicator:unchecked {background-color: #202020; color: #aaaaaa; "
+                          "border: 1px solid #505050;}"
+                          "QToolTip {background: #202020; color: white; border: 1px solid #808080;}");
 }
 
-}
+} // namespace Style

@@ -10,23 +10,23 @@ using Record = QMap<QString, QString>;
 /// The keys of the records, named once.
 namespace Key {
 // The light show's records
-inline QString pageId()     { return QStringLiteral("pageid"); }
-inline QString pageName()   { return QStringLiteral("name"); }
-inline QString buttonCount(){ return QStringLiteral("nb_buttons"); }
-inline QString title()      { return QStringLiteral("title"); }
-inline QString buttonId()   { return QStringLiteral("buttonid"); }
-inline QString check()      { return QStringLiteral("check"); }
-inline QString source()     { return QStringLiteral("source"); }
+inline QString pageId() { return QStringLiteral("pageid"); }
+inline QString pageName() { return QStringLiteral("name"); }
+inline QString buttonCount() { return QStringLiteral("nb_buttons"); }
+inline QString title() { return QStringLiteral("title"); }
+inline QString buttonId() { return QStringLiteral("buttonid"); }
+inline QString check() { return QStringLiteral("check"); }
+inline QString source() { return QStringLiteral("source"); }
 // The pads' records
-inline QString name()       { return QStringLiteral("name"); }
-inline QString pageNr()     { return QStringLiteral("pagenr"); }
-inline QString id()         { return QStringLiteral("id"); }
-inline QString avail()      { return QStringLiteral("avail"); }
-inline QString colorOff()   { return QStringLiteral("coloroff"); }
-inline QString colorOn()    { return QStringLiteral("coloron"); }
-inline QString blink()      { return QStringLiteral("blink"); }
+inline QString name() { return QStringLiteral("name"); }
+inline QString pageNr() { return QStringLiteral("pagenr"); }
+inline QString id() { return QStringLiteral("id"); }
+inline QString avail() { return QStringLiteral("avail"); }
+inline QString colorOff() { return QStringLiteral("coloroff"); }
+inline QString colorOn() { return QStringLiteral("coloron"); }
+inline QString blink() { return QStringLiteral("blink"); }
 // Both
-inline QString dspName()    { return QStringLiteral("dspname"); }
-inline QString color()      { return QStringLiteral("color"); }
-inline QString textColor()  { return QStringLiteral("textcolor"); }
-}
+inline QString dspName() { return QStringLiteral("dspname"); }
+inline QString color() { return QStringLiteral("color"); }
+inline QString textColor() { return QStringLiteral("textcolor"); }
+} // namespace Key

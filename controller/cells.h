@@ -11,16 +11,10 @@ constexpr int LastSide = 11;
 constexpr int FirstPad = 2; ///< also the line of the first side button of each side
 
 /// Whether the cell is one of the 12 by 12.
-constexpr bool contains(int row, int col)
-{
-    return row >= 0 && row < Lines && col >= 0 && col < Lines;
-}
+constexpr bool contains(int row, int col) { return row >= 0 && row < Lines && col >= 0 && col < Lines; }
 
 /// Whether the line (a row or a column) lies between the pads and a side.
-constexpr bool isspacer(int line)
-{
-    return line == 1 || line == 10;
-}
+constexpr bool isspacer(int line) { return line == 1 || line == 10; }
 } // namespace Grid
 
 /// The label of a cell without a Live Button: "TOP 1" to "TOP 8", "LEFT 1", "RIGHT 1", "BOTTOM 1" and on for

@@ -121,15 +121,9 @@ Controller::Controller(const QList<QList<Record>>& grid, QObject* parent)
 {
 }
 
-int Controller::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : m_grid.size();
-}
+int Controller::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_grid.size(); }
 
-int Controller::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : Grid::Lines;
-}
+int Controller::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Grid::Lines; }
 
 QVariant Controller::data(const QModelIndex& index, int role) const
 {
@@ -175,10 +169,7 @@ QVariant Controller::headerData(int section, Qt::Orientation orientation, int ro
     return section == 0 ? QVariant(QStringLiteral("Color")) : QVariant();
 }
 
-QStringList Controller::mimeTypes() const
-{
-    return payloadformats();
-}
+QStringList Controller::mimeTypes() const { return payloadformats(); }
 
 QMimeData* Controller::mimeData(const QModelIndexList& indexes) const
 {
@@ -226,15 +217,9 @@ bool Controller::dropMimeData(const QMimeData* data, Qt::DropAction action, int,
     return true;
 }
 
-Qt::DropActions Controller::supportedDropActions() const
-{
-    return Qt::CopyAction | Qt::MoveAction;
-}
+Qt::DropActions Controller::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
 
-Qt::DropActions Controller::supportedDragActions() const
-{
-    return Qt::CopyAction;
-}
+Qt::DropActions Controller::supportedDragActions() const { return Qt::CopyAction; }
 
 bool Controller::insertRows(int row, int count, const QModelIndex& parent)
 {
@@ -281,10 +266,7 @@ Qt::ItemFlags Controller::flags(const QModelIndex& index) const
                   : Qt::ItemFlags(Qt::ItemIsSelectable);
 }
 
-QList<QList<Record>> Controller::getList() const
-{
-    return m_grid;
-}
+QList<QList<Record>> Controller::getList() const { return m_grid; }
 
 QString Controller::getpadindex(int row, int col) const
 {

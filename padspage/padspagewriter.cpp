@@ -6,15 +6,10 @@
 #include <QAbstractItemModel>
 #include <QColor>
 
-#include "padgeometry.h"
-
 namespace {
 
 /// The pad at this place of the grid; an empty one where the grid is shorter.
-PadsPagePad padAt(const PadsPage& page, int row, int column)
-{
-    return page.pads.value(row).value(column);
-}
+PadsPagePad padAt(const PadsPage& page, int row, int column) { return page.pads.value(row).value(column); }
 
 /// Whether any pad of the bank holds a Live Button. The second column counts even when it is not written, so
 /// that switching between 8 and 16 pads does not renumber the banks in VirtualDJ.
@@ -37,10 +32,7 @@ QVector<int> usedBanks(const PadsPage& page)
 }
 
 /// A VirtualDJ verb with its quoted argument.
-QString verb(const QString& name, const QString& argument)
-{
-    return name + " &apos;" + argument + "&apos;";
-}
+QString verb(const QString& name, const QString& argument) { return name + " &apos;" + argument + "&apos;"; }
 
 /// One action per used bank, joined into the VirtualDJ script that runs the one of the current bank.
 QString chosenByBank(const QStringList& actions)

@@ -30,10 +30,7 @@ QString keyofrole(int role)
     }
 }
 
-QString padname(int number)
-{
-    return QStringLiteral("PAD ") + QString::number(number);
-}
+QString padname(int number) { return QStringLiteral("PAD ") + QString::number(number); }
 
 Record emptypad(const QString& name)
 {
@@ -46,7 +43,7 @@ Record emptypad(const QString& name)
     };
 }
 
-}
+} // namespace
 
 VDJModel::VDJModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -55,15 +52,9 @@ VDJModel::VDJModel(const QList<QList<Record>>& list, QObject* parent)
 {
 }
 
-int VDJModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : m_list.size();
-}
+int VDJModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_list.size(); }
 
-int VDJModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : padColumns;
-}
+int VDJModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : padColumns; }
 
 bool VDJModel::contains(const QModelIndex& index) const
 {
@@ -83,9 +74,10 @@ QVariant VDJModel::data(const QModelIndex& index, int role) const
         if (pad.value(Key::id()) == QLatin1String("-1"))
             return QVariant();
         // The number is the grid row's, whatever the bank and the column.
-        return QString(padname(index.row() + 1) + QStringLiteral(" \nLive Button: ") + pad.value(Key::dspName())
-                       + QStringLiteral(" \nDisplay Text: ") + pad.value(Key::name())
-                       + QStringLiteral("\n\nDouble-click to edit Text\nRight-click to Remove"));
+        return QString(padname(index.row() + 1) + QStringLiteral(" \nLive Button: ") +
+                       pad.value(Key::dspName()) + QStringLiteral(" \nDisplay Text: ") +
+                       pad.value(Key::name()) +
+                       QStringLiteral("\n\nDouble-click to edit Text\nRight-click to Remove"));
     }
     const QString key = keyofrole(role);
     return key.isNull() ? QVariant() : pad.value(key);
@@ -123,10 +115,7 @@ QVariant VDJModel::headerData(int section, Qt::Orientation orientation, int role
     }
 }
 
-QStringList VDJModel::mimeTypes() const
-{
-    return payloadformats();
-}
+QStringList VDJModel::mimeTypes() const { return payloadformats(); }
 
 QMimeData* VDJModel::mimeData(const QModelIndexList& indexes) const
 {
@@ -181,15 +170,9 @@ void VDJModel::writepad(const QModelIndex& pad, const Record& values)
     setData(pad, values.value(Key::color()), Qt::DecorationRole);
 }
 
-Qt::DropActions VDJModel::supportedDropActions() const
-{
-    return Qt::CopyAction | Qt::MoveAction;
-}
+Qt::DropActions VDJModel::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
 
-Qt::DropActions VDJModel::supportedDragActions() const
-{
-    return Qt::CopyAction;
-}
+Qt::DropActions VDJModel::supportedDragActions() const { return Qt::CopyAction; }
 
 bool VDJModel::insertRows(int row, int count, const QModelIndex& parent)
 {
@@ -226,10 +209,7 @@ Qt::ItemFlags VDJModel::flags(const QModelIndex& index) const
     return base | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
 }
 
-QList<QList<Record>> VDJModel::getList() const
-{
-    return m_list;
-}
+QList<QList<Record>> VDJModel::getList() const { return m_list; }
 
 void fillpads(VDJModel* model)
 {

@@ -64,6 +64,6 @@ private:
     QList<QList<Record>> m_list;
 };
 
-/// Replaces whatever \a model holds with 8 empty banks; each bank's pads are named "PAD 1" to "PAD 8" in column 0 and
-/// "PAD 9" to "PAD 16" in column 1.
+/// Replaces whatever \a model holds with 8 empty banks; each bank's pads are named "PAD 1" to "PAD 8" in
+/// column 0 and "PAD 9" to "PAD 16" in column 1.
 void fillpads(VDJModel* model);

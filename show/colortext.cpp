@@ -1,6 +1,3 @@
 #include "colortext.h"
 
-QColor colorfromtext(const QString& text)
-{
-    return QColor::isValidColor(text) ? QColor(text) : QColor();
-}
+QColor colorfromtext(const QString& text) { return QColor::isValidColor(text) ? QColor(text) : QColor(); }

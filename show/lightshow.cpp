@@ -69,7 +69,7 @@ Record readbutton(QSettings& settings, const QString& group, int page, int butto
     return record;
 }
 
-}
+} // namespace
 
 std::optional<LightShow> readlightshow(const QString& path)
 {
@@ -91,8 +91,8 @@ std::optional<LightShow> readlightshow(const QString& path)
         const Record& record = show.pages.at(page);
         const QString prefix =
             QStringLiteral("page") + record.value(Key::pageId()) + QStringLiteral("_button");
-        const int count = std::min(record.value(Key::buttonCount()).toInt(),
-                                   maxLiveButtons - show.buttons.size());
+        const int count =
+            std::min(record.value(Key::buttonCount()).toInt(), maxLiveButtons - show.buttons.size());
         for (int button = 1; button <= count; ++button)
             show.buttons.append(
                 readbutton(settings, prefix + QString::number(button), page, show.buttons.size()));
@@ -102,8 +102,8 @@ std::optional<LightShow> readlightshow(const QString& path)
 
 QString getcolor(const QString& color)
 {
-    return QLatin1Char('#')
-           + (color.isEmpty() ? QStringLiteral("ffffff") : color.rightJustified(6, QLatin1Char('0')));
+    return QLatin1Char('#') +
+           (color.isEmpty() ? QStringLiteral("ffffff") : color.rightJustified(6, QLatin1Char('0')));
 }
 
 int buttonsperpage(const QList<Record>& buttons, int page)

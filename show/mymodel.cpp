@@ -46,21 +46,15 @@ Record newrow()
     };
 }
 
-}
+} // namespace
 
 MyModel::MyModel(QObject* parent) : QAbstractTableModel(parent) {}
 
 MyModel::MyModel(const QList<Record>& list, QObject* parent) : QAbstractTableModel(parent), m_list(list) {}
 
-int MyModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : m_list.size();
-}
+int MyModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_list.size(); }
 
-int MyModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : 1;
-}
+int MyModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
 
 QVariant MyModel::data(const QModelIndex& index, int role) const
 {
@@ -117,10 +111,7 @@ QVariant MyModel::headerData(int section, Qt::Orientation orientation, int role)
     }
 }
 
-QStringList MyModel::mimeTypes() const
-{
-    return payloadformats();
-}
+QStringList MyModel::mimeTypes() const { return payloadformats(); }
 
 QMimeData* MyModel::mimeData(const QModelIndexList& indexes) const
 {
@@ -154,15 +145,9 @@ bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, in
     return true;
 }
 
-Qt::DropActions MyModel::supportedDropActions() const
-{
-    return Qt::CopyAction | Qt::MoveAction;
-}
+Qt::DropActions MyModel::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
 
-Qt::DropActions MyModel::supportedDragActions() const
-{
-    return Qt::CopyAction;
-}
+Qt::DropActions MyModel::supportedDragActions() const { return Qt::CopyAction; }
 
 bool MyModel::insertRows(int row, int count, const QModelIndex& parent)
 {
@@ -198,12 +183,6 @@ Qt::ItemFlags MyModel::flags(const QModelIndex& index) const
     return base | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsAutoTristate;
 }
 
-QList<Record> MyModel::getList() const
-{
-    return m_list;
-}
+QList<Record> MyModel::getList() const { return m_list; }
 
-QString MyModel::get_name(const QModelIndex& index) const
-{
-    return data(index, Qt::EditRole).toString();
-}
+QString MyModel::get_name(const QModelIndex& index) const { return data(index, Qt::EditRole).toString(); }

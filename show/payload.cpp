@@ -7,15 +7,9 @@
 
 namespace {
 
-QString listformat()
-{
-    return QStringLiteral("application/vnd.text.list");
-}
+QString listformat() { return QStringLiteral("application/vnd.text.list"); }
 
-QString colorformat()
-{
-    return QStringLiteral("application/x-color");
-}
+QString colorformat() { return QStringLiteral("application/x-color"); }
 
 /// Reads values until the stream ends; false when the bytes stop inside a value or are no such values.
 template<typename Value>
@@ -39,12 +33,9 @@ int numberat(const QVector<QString>& fields, int position)
     return ok ? number : -1;
 }
 
-}
+} // namespace
 
-QStringList payloadformats()
-{
-    return {listformat(), colorformat()};
-}
+QStringList payloadformats() { return {listformat(), colorformat()}; }
 
 QMimeData* encodepayload(const QModelIndexList& indexes, const QVector<PayloadField>& fields)
 {

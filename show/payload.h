@@ -23,8 +23,7 @@ struct PayloadField
 };
 
 /// Positions of an item's fields in the list stream. A pads page pad ends at PayloadId.
-enum PayloadPosition
-{
+enum PayloadPosition {
     PayloadSourceRow,
     PayloadSourceColumn,
     PayloadName,

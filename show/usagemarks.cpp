@@ -2,10 +2,7 @@
 
 #include "itemroles.h"
 
-bool gridempty(const QAbstractItemModel& grid)
-{
-    return usedids(grid, grid.columnCount()).isEmpty();
-}
+bool gridempty(const QAbstractItemModel& grid) { return usedids(grid, grid.columnCount()).isEmpty(); }
 
 QSet<QString> usedids(const QAbstractItemModel& grid, int columns)
 {
