@@ -80,9 +80,8 @@ MainWindow::MainWindow(QWidget* parent)
     ui->radioButton_8pads->setChecked(true);
     ui->vdjlistview->hideColumn(1);
     ui->radio_outputpage->setChecked(true);
-    showpadslayout();
-    // The form names the field "Pad Page"; "Pads Page" comes with the first click on an output.
-    ui->label_padname->setText(QStringLiteral("Pad Page"));
+    // Not showpadslayout(): the field reads "Pad Page", as the form has it, until an output is clicked.
+    placeoutput(false, padsWindowWidth);
 
     messageBoxStyle = Style::messageBox();
 }
@@ -171,23 +170,24 @@ void MainWindow::setstyles()
         view->verticalScrollBar()->setStyleSheet(Style::scrollBar());
 }
 
+void MainWindow::placeoutput(bool midi, int width)
+{
+    ui->groupBox_pads->setHidden(midi);
+    ui->groupBox_midis->setVisible(midi);
+    ui->groupBox_controller->setVisible(midi);
+    ui->groupBox->setGeometry(midi ? midiOutputGeometry : padsOutputGeometry);
+    setFixedWidth(width);
+}
+
 void MainWindow::showpadslayout()
 {
-    ui->groupBox_pads->show();
-    ui->groupBox_midis->hide();
-    ui->groupBox_controller->hide();
-    ui->groupBox->setGeometry(padsOutputGeometry);
-    setFixedWidth(padsWindowWidth);
+    placeoutput(false, padsWindowWidth);
     ui->label_padname->setText(QStringLiteral("Pads Page"));
 }
 
 void MainWindow::showmidilayout(int width)
 {
-    ui->groupBox_pads->hide();
-    ui->groupBox_midis->show();
-    ui->groupBox_controller->show();
-    ui->groupBox->setGeometry(midiOutputGeometry);
-    setFixedWidth(width);
+    placeoutput(true, width);
     ui->label_padname->setText(QStringLiteral("MIDI Mapping"));
 }
 

@@ -144,6 +144,7 @@ private:
     void setupkeys();
     void addkey(const QKeySequence& key, QAction* action);
     void resetbanks();
+    void placeoutput(bool midi, int width);
     void showpadslayout();
     void showmidilayout(int width);
     bool projectempty();
