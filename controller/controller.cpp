@@ -1,11 +1,11 @@
 #include "controller.h"
 
 #include "cells.h"
-#include "colortext.h"
 #include "itemroles.h"
 #include "payload.h"
 
 #include <QBuffer>
+#include <QColor>
 #include <QImage>
 #include <QMimeData>
 
@@ -103,7 +103,7 @@ void overwrite(Record* cell, const Record& values)
 QString swatchimage(const QString& colorname)
 {
     QImage image(10, 10, QImage::Format_ARGB32);
-    image.fill(colorfromtext(colorname));
+    image.fill(QColor(colorname));
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
@@ -114,12 +114,9 @@ QString swatchimage(const QString& colorname)
 
 } // namespace
 
-Controller::Controller(QObject* parent) : QAbstractTableModel(parent) {}
+Controller::Controller(QObject* parent) : DragModel(parent) {}
 
-Controller::Controller(const QList<QList<Record>>& grid, QObject* parent)
-    : QAbstractTableModel(parent), m_grid(grid)
-{
-}
+Controller::Controller(const QList<QList<Record>>& grid, QObject* parent) : DragModel(parent), m_grid(grid) {}
 
 int Controller::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_grid.size(); }
 
@@ -133,7 +130,7 @@ QVariant Controller::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DecorationRole:
     case Qt::ForegroundRole:
-        return colorfromtext(cell->value(keyofrole(role)));
+        return QColor(cell->value(keyofrole(role)));
     case Qt::BackgroundRole:
         return QColor(Qt::white);
     case Qt::ToolTipRole:
@@ -168,8 +165,6 @@ QVariant Controller::headerData(int section, Qt::Orientation orientation, int ro
         return QString(QLatin1String(""));
     return section == 0 ? QVariant(QStringLiteral("Color")) : QVariant();
 }
-
-QStringList Controller::mimeTypes() const { return payloadformats(); }
 
 QMimeData* Controller::mimeData(const QModelIndexList& indexes) const
 {
@@ -217,10 +212,6 @@ bool Controller::dropMimeData(const QMimeData* data, Qt::DropAction action, int,
     return true;
 }
 
-Qt::DropActions Controller::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
-
-Qt::DropActions Controller::supportedDragActions() const { return Qt::CopyAction; }
-
 bool Controller::insertRows(int row, int count, const QModelIndex& parent)
 {
     if (parent.isValid() || row < 0 || row > m_grid.size() || count < 1)
@@ -254,7 +245,7 @@ bool Controller::removeRows(int row, int count, const QModelIndex& parent)
 Qt::ItemFlags Controller::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
-        return QAbstractTableModel::flags(index);
+        return DragModel::flags(index);
     const Record* cell = cellat(index);
     if (!cell)
         return Qt::NoItemFlags;

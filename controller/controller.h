@@ -1,14 +1,14 @@
 #pragma once
 
+#include "dragmodel.h"
 #include "record.h"
 
-#include <QAbstractTableModel>
 #include <QList>
 
 /// The controller grid: 12 by 12 pad records that mirror the face of the current MIDI controller (see
 /// cells.h for its geometry). `setData` and drops emit no `dataChanged`: whoever changes cells has the view
 /// repainted.
-class Controller : public QAbstractTableModel
+class Controller : public DragModel
 {
     Q_OBJECT
 
@@ -29,7 +29,6 @@ public:
     /// without a key. The background is always white: setting it is accepted and stores nothing.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    QStringList mimeTypes() const override;
     /// Eleven fields per cell; the caller owns the result.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
     /// Puts the payload's first item into the cell \a parent; \a row and \a column are not used. A pad of
@@ -39,10 +38,6 @@ public:
     /// changed. The ignore action does nothing and gives true.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    Qt::DropActions supportedDropActions() const override;
-    /// Copy alone. With Shift held a drag would otherwise end as a move, after which the view itself empties
-    /// the source cell, although the drop has already moved or swapped the two cells: work would be lost.
-    Qt::DropActions supportedDragActions() const override;
     /// Announces rows \a row to \a row + \a count - 1, but puts the new rows of empty cells at the top of
     /// the grid; callers insert at 0 only. False, with nothing changed, for a position that no grid has.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;

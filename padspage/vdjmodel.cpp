@@ -1,9 +1,9 @@
 #include "vdjmodel.h"
 
-#include "colortext.h"
 #include "itemroles.h"
 #include "payload.h"
 
+#include <QColor>
 #include <QMimeData>
 
 #include <algorithm>
@@ -45,12 +45,9 @@ Record emptypad(const QString& name)
 
 } // namespace
 
-VDJModel::VDJModel(QObject* parent) : QAbstractTableModel(parent) {}
+VDJModel::VDJModel(QObject* parent) : DragModel(parent) {}
 
-VDJModel::VDJModel(const QList<QList<Record>>& list, QObject* parent)
-    : QAbstractTableModel(parent), m_list(list)
-{
-}
+VDJModel::VDJModel(const QList<QList<Record>>& list, QObject* parent) : DragModel(parent), m_list(list) {}
 
 int VDJModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_list.size(); }
 
@@ -67,7 +64,7 @@ QVariant VDJModel::data(const QModelIndex& index, int role) const
         return QVariant();
     const Record& pad = m_list.at(index.row()).at(index.column());
     if (role == Qt::DecorationRole)
-        return colorfromtext(pad.value(Key::color()));
+        return QColor(pad.value(Key::color()));
     if (role == Qt::BackgroundRole)
         return QColor(Qt::white);
     if (role == Qt::ToolTipRole) {
@@ -101,22 +98,6 @@ bool VDJModel::setData(const QModelIndex& index, const QVariant& value, int role
     return true;
 }
 
-QVariant VDJModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return QStringLiteral("Color");
-    case 1:
-        return QStringLiteral("Name");
-    default:
-        return QVariant();
-    }
-}
-
-QStringList VDJModel::mimeTypes() const { return payloadformats(); }
-
 QMimeData* VDJModel::mimeData(const QModelIndexList& indexes) const
 {
     return encodepayload(indexes, {{Qt::EditRole, {}},
@@ -138,7 +119,7 @@ bool VDJModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, i
         return false;
 
     Record former = m_list.at(parent.row()).at(parent.column());
-    former[Key::color()] = colorfromtext(former.value(Key::color())).name();
+    former[Key::color()] = QColor(former.value(Key::color())).name();
     writepad(parent, {{Key::name(), payload->fields.at(PayloadName)},
                       {Key::pageNr(), payload->fields.at(PayloadPage)},
                       {Key::dspName(), payload->fields.at(PayloadDspName)},
@@ -169,10 +150,6 @@ void VDJModel::writepad(const QModelIndex& pad, const Record& values)
     setData(pad, values.value(Key::id()), ItemRole::Id);
     setData(pad, values.value(Key::color()), Qt::DecorationRole);
 }
-
-Qt::DropActions VDJModel::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
-
-Qt::DropActions VDJModel::supportedDragActions() const { return Qt::CopyAction; }
 
 bool VDJModel::insertRows(int row, int count, const QModelIndex& parent)
 {

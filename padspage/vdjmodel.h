@@ -1,15 +1,15 @@
 #pragma once
 
+#include "dragmodel.h"
 #include "padgeometry.h"
 #include "record.h"
 
-#include <QAbstractTableModel>
 #include <QList>
 
 /// The pads page grid: 64 rows by 2 columns of pad records once `fillpads` has set it up. An occupied pad can
 /// be dragged and its text edited; every pad accepts drops. `setData` emits no `dataChanged`: whoever changes
 /// pads has the view repainted.
-class VDJModel : public QAbstractTableModel
+class VDJModel : public DragModel
 {
     Q_OBJECT
 
@@ -25,8 +25,6 @@ public:
     /// Stores \a value as text; an empty display text becomes "PAD " + (row + 1). False, with nothing
     /// changed, outside the grid and for unknown roles.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    QStringList mimeTypes() const override;
     /// Seven fields per pad; the caller owns the result.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
     /// Drops onto the pad \a parent (\a row and \a column are ignored): a Live Button from the list replaces
@@ -35,10 +33,6 @@ public:
     /// that does not exist.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    Qt::DropActions supportedDropActions() const override;
-    /// Copy alone: `dropMimeData` already empties or swaps the source pad. After a drag that ends as a move
-    /// (Shift held) the view would empty it once more, and a swapped Live Button would be lost.
-    Qt::DropActions supportedDragActions() const override;
     /// Announces rows \a row to \a row + \a count - 1, but puts the new rows at the top of the grid; callers
     /// insert at 0 only. False, with nothing changed, for a position that the grid does not have.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;

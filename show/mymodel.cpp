@@ -1,9 +1,9 @@
 #include "mymodel.h"
 
-#include "colortext.h"
 #include "itemroles.h"
 #include "payload.h"
 
+#include <QColor>
 #include <QMimeData>
 
 #include <algorithm>
@@ -48,9 +48,9 @@ Record newrow()
 
 } // namespace
 
-MyModel::MyModel(QObject* parent) : QAbstractTableModel(parent) {}
+MyModel::MyModel(QObject* parent) : DragModel(parent) {}
 
-MyModel::MyModel(const QList<Record>& list, QObject* parent) : QAbstractTableModel(parent), m_list(list) {}
+MyModel::MyModel(const QList<Record>& list, QObject* parent) : DragModel(parent), m_list(list) {}
 
 int MyModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_list.size(); }
 
@@ -64,7 +64,7 @@ QVariant MyModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DecorationRole:
     case Qt::ForegroundRole:
-        return colorfromtext(record.value(keyofrole(role)));
+        return QColor(record.value(keyofrole(role)));
     case Qt::ToolTipRole:
         return QStringLiteral("Drag a Live Button and Drop to a VirtualDJ  Pad");
     case Qt::BackgroundRole:
@@ -96,22 +96,6 @@ bool MyModel::setData(const QModelIndex& index, const QVariant& value, int role)
     }
     return true;
 }
-
-QVariant MyModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return QStringLiteral("Color");
-    case 1:
-        return QStringLiteral("Name");
-    default:
-        return QVariant();
-    }
-}
-
-QStringList MyModel::mimeTypes() const { return payloadformats(); }
 
 QMimeData* MyModel::mimeData(const QModelIndexList& indexes) const
 {
@@ -145,10 +129,6 @@ bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, in
     return true;
 }
 
-Qt::DropActions MyModel::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
-
-Qt::DropActions MyModel::supportedDragActions() const { return Qt::CopyAction; }
-
 bool MyModel::insertRows(int row, int count, const QModelIndex& parent)
 {
     if (parent.isValid() || row < 0 || row > m_list.size() || count < 1)
@@ -176,7 +156,7 @@ bool MyModel::removeRows(int row, int count, const QModelIndex& parent)
 
 Qt::ItemFlags MyModel::flags(const QModelIndex& index) const
 {
-    const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+    const Qt::ItemFlags base = DragModel::flags(index);
     if (!index.isValid())
         return base;
     // The tristate bit comes without ItemIsUserCheckable: the mark is shown, the user cannot click it.

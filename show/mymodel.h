@@ -1,13 +1,13 @@
 #pragma once
 
+#include "dragmodel.h"
 #include "record.h"
 
-#include <QAbstractTableModel>
 #include <QList>
 
 /// The Live Buttons list: one column, one row per Live Button record, a drag source only.
 /// `setData` emits no `dataChanged`: whoever changes rows has the view repainted.
-class MyModel : public QAbstractTableModel
+class MyModel : public DragModel
 {
     Q_OBJECT
 
@@ -22,17 +22,12 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// Stores \a value as text; false, with nothing changed, outside the list and for unknown roles.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    QStringList mimeTypes() const override;
     /// Eleven fields per Live Button; the caller owns the result.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
     /// Writes a payload into row \a parent, reading one position later than `mimeData` writes. The view
     /// refuses drops, so only program code comes here.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    Qt::DropActions supportedDropActions() const override;
-    /// Copy alone: a drag that ends as a move (Shift held) would have the view empty the dragged row.
-    Qt::DropActions supportedDragActions() const override;
     /// Announces rows \a row to \a row + \a count - 1, but puts the new records at the top of the list;
     /// callers insert at 0 only. False, with nothing changed, for a position that no list has.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;

@@ -1,0 +1,104 @@
+#include "devices.h"
+
+#include "xmlelements.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+/// The XML files of \a folder, sorted by the code units of their lower-cased names.
+QStringList xmlfiles(const QString& folder)
+{
+    QStringList names = QDir(folder).entryList({QStringLiteral("*.xml")}, QDir::Files, QDir::Unsorted);
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        const int order = QString::compare(a.toLower(), b.toLower());
+        return order != 0 ? order < 0 : a < b;
+    });
+    return names;
+}
+
+Record devicerecord(const Record& layout, const QString& name, const QString& path)
+{
+    Record device{{Key::device(), layout.value(Key::name())},
+                  {Key::name(), name},
+                  {Key::path(), path},
+                  {Key::off(), layout.value(QStringLiteral("coloroff"))},
+                  {Key::on(), layout.value(QStringLiteral("coloron"))}};
+    for (const QString& key :
+         {Key::fullRgb(), Key::colors(), Key::top(), Key::left(), Key::right(), Key::bottom(), Key::faders()})
+        device.insert(key, layout.value(key));
+    return device;
+}
+
+Record mapperrecord(const QString& device, const QString& name, const QString& path)
+{
+    return {{Key::device(), device}, {Key::name(), name}, {Key::path(), path}};
+}
+
+} // namespace
+
+DeviceLists readdefaultmappers(const QString& folder)
+{
+    DeviceLists lists;
+    const QStringList files = xmlfiles(folder);
+    for (const QString& file : files) {
+        const QString path = folder + QLatin1Char('/') + file;
+        const QString name = QFileInfo(file).baseName();
+        const QString factorypath = folder + QLatin1Char('/') + name + QStringLiteral(" mapping.xml");
+        const auto layouts = readelements(path, {QStringLiteral("layout")});
+        for (const XmlElement& layout : layouts) {
+            const Record device = devicerecord(layout.attributes, name, path);
+            const QString id = device.value(Key::device());
+            lists.devices.append(device);
+            lists.mappers.append(mapperrecord(id, QStringLiteral("Simple OS2L mapping"), factorypath));
+            lists.mappers.append(mapperrecord(id, name + QStringLiteral(" mapping (factory)"), factorypath));
+        }
+    }
+    return lists;
+}
+
+QList<Record> readmappers(const QString& folder, const QList<Record>& devices)
+{
+    QList<Record> mappers;
+    const QStringList files = xmlfiles(folder);
+    for (const QString& file : files) {
+        const QString path = folder + QLatin1Char('/') + file;
+        const auto elements = readelements(path, {QStringLiteral("mapper")});
+        for (const XmlElement& mapper : elements) {
+            const QString device = mapper.attributes.value(Key::device());
+            if (getdeviceindex(devices, device) >= 0)
+                mappers.append(mapperrecord(device, QFileInfo(file).baseName(), path));
+        }
+    }
+    return mappers;
+}
+
+int getdeviceindex(const QList<Record>& devices, const QString& device)
+{
+    for (int i = 0; i < devices.size(); ++i) {
+        if (devices.at(i).value(Key::device()) == device)
+            return i;
+    }
+    return -1;
+}
+
+int getmapperid(const QList<Record>& mappers, const QString& device, int n)
+{
+    for (int i = 0; i < mappers.size(); ++i) {
+        if (mappers.at(i).value(Key::device()) == device && n-- == 0)
+            return i;
+    }
+    return -1;
+}
+
+QStringList palette(const Record& device) { return device.value(Key::colors()).split(QLatin1Char(',')); }
+
+QString palettecolor(const Record& device, const QString& key)
+{
+    return palette(device).value(device.value(key).toInt());
+}
+
+bool isfullrgb(const Record& device) { return device.value(Key::fullRgb()) == QLatin1String("true"); }

@@ -1,0 +1,72 @@
+#include "keylist.h"
+
+#include "os2laction.h"
+#include "xmlelements.h"
+
+#include <QFileInfo>
+#include <QHash>
+
+namespace {
+
+using Actions = QHash<QString, QString>;
+
+/// The factory action of every name in the mapping.
+Actions readactions(const QString& mapperpath)
+{
+    Actions actions;
+    const auto maps = readelements(mapperpath, {QStringLiteral("map")});
+    for (const XmlElement& map : maps)
+        actions.insert(map.attributes.value(Key::value()), map.attributes.value(Key::action()));
+    return actions;
+}
+
+QString ledname(const Record& control, const QString& prefix)
+{
+    return control.value(prefix) + control.value(Key::name());
+}
+
+} // namespace
+
+QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath)
+{
+    if (!QFileInfo::exists(layoutpath) || !QFileInfo::exists(mapperpath))
+        return {};
+    const QString pad = QStringLiteral("pad");
+    const QString button = QStringLiteral("button");
+    const QString colorled = QStringLiteral("colorled");
+    const QStringList types{pad, button, QStringLiteral("slider"), QStringLiteral("ignore"),
+                            QStringLiteral("empty")};
+    const auto controls = readelements(layoutpath, types);
+    const Actions actions = readactions(mapperpath);
+    const auto factoryaction = [&](const QString& name) { return removeos2l(actions.value(name)); };
+
+    QList<Record> keys;
+    // Never cleared between buttons: from the first button with a LED entry on, one without stays dark.
+    bool ledfound = false;
+    for (const QString& type : types) {
+        for (const XmlElement& control : controls) {
+            if (control.tag != type)
+                continue;
+            const Record& attributes = control.attributes;
+            const QString name = attributes.value(Key::name());
+            Record key{{Key::value(), name},
+                       {Key::action(), factoryaction(name)},
+                       {Key::row(), attributes.value(Key::row())},
+                       {Key::col(), attributes.value(Key::col())},
+                       {Key::type(), type}};
+            if (type == pad) {
+                key.insert(Key::led(), ledname(attributes, colorled));
+                key.insert(Key::ledAction(), factoryaction(key.value(Key::led())));
+            } else if (type == button) {
+                const bool plain = attributes.value(colorled).isEmpty();
+                const QString led = ledname(attributes, plain ? Key::led() : colorled);
+                ledfound = ledfound || actions.contains(led);
+                key.insert(Key::led(), led);
+                key.insert(Key::ledType(), plain ? QStringLiteral("led") : QStringLiteral("color"));
+                key.insert(Key::ledAction(), ledfound ? factoryaction(led) : key.value(Key::action()));
+            }
+            keys.append(key);
+        }
+    }
+    return keys;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// Escapes \a text for an attribute of a mapper file: every "'" becomes "&apos;", then every double quote
+/// "&quot;", then every " & " (with its blanks) " &amp; ". Nothing else: VirtualDJ's actions hold the
+/// ampersand in the spaced form only.
+QString xmlparse(const QString& text);
+
+/// Gives back the factory action behind an \a action that `mapperxml` has wrapped in a test of `$os2l`, so
+/// that exporting from an exported file does not wrap it twice. Any other action passes unchanged. Lost are
+/// the action of a switch control and a LED action of one word ("off"), which come back empty.
+QString removeos2l(const QString& action);

@@ -1,3 +1,0 @@
-#include "colortext.h"
-
-QColor colorfromtext(const QString& text) { return QColor::isValidColor(text) ? QColor(text) : QColor(); }
