@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTextCodec>
 
@@ -11,8 +12,13 @@ namespace {
 
 constexpr int mibUtf8 = 106; // IANA character sets
 
+/// Stands for "@" between the codec and `textvalue`; a character that no font and no keyboard has.
+constexpr QChar atMark(0xE040);
+
 /// The lighting programs write names in the encoding of their machine, so a file can hold UTF-8 in one title
 /// and Latin-1 in the next. QSettings hands over each run of plain characters on its own.
+/// It also takes "@Variant(" and its like at the start of a value for a stored object and builds it, with
+/// whatever sizes and depths the file claims; so no "@" may reach it.
 class Utf8OrLatin1 : public QTextCodec
 {
 public:
@@ -23,8 +29,10 @@ protected:
     QString convertToUnicode(const char* chars, int length, ConverterState*) const override
     {
         ConverterState state(IgnoreHeader);
-        const QString text = codecForMib(mibUtf8)->toUnicode(chars, length, &state);
-        return state.invalidChars || state.remainingChars ? QString::fromLatin1(chars, length) : text;
+        QString text = codecForMib(mibUtf8)->toUnicode(chars, length, &state);
+        if (state.invalidChars || state.remainingChars)
+            text = QString::fromLatin1(chars, length);
+        return text.replace(QLatin1Char('@'), atMark);
     }
     QByteArray convertFromUnicode(const QChar* chars, int length, ConverterState*) const override
     {
@@ -38,12 +46,32 @@ QTextCodec* inicodec()
     return codec;
 }
 
+/// Whether \a bytes write an "@" as an escape, past the codec. No program does that but to have QSettings
+/// build an object. Escapes keep the lowest 16 bits of their number.
+bool escapesat(const QByteArray& bytes)
+{
+    if (!bytes.contains('\\'))
+        return false;
+    static const QRegularExpression escapes(QStringLiteral("\\\\(?:x([0-9A-Fa-f]+)|([0-7]+))"));
+    auto match = escapes.globalMatch(QString::fromLatin1(bytes));
+    while (match.hasNext()) {
+        const QRegularExpressionMatch escape = match.next();
+        const bool hexadecimal = !escape.capturedRef(1).isEmpty();
+        // The last six digits hold 16 bits in either base.
+        const QStringRef digits = (hexadecimal ? escape.capturedRef(1) : escape.capturedRef(2)).right(6);
+        if ((digits.toUInt(nullptr, hexadecimal ? 16 : 8) & 0xFFFFu) == '@')
+            return true;
+    }
+    return false;
+}
+
 /// The value of \a key as text. QSettings takes an unquoted comma for a list separator; a title is one text.
 QString textvalue(const QSettings& settings, const QString& key)
 {
-    const QVariant value = settings.value(key);
-    return value.type() == QVariant::StringList ? value.toStringList().join(QStringLiteral(", "))
-                                                : value.toString();
+    QString text = settings.value(key).toStringList().join(QStringLiteral(", "));
+    text.replace(atMark, QLatin1Char('@'));
+    // As QSettings writes a text that begins with "@".
+    return text.startsWith(QLatin1String("@@")) ? text.mid(1) : text;
 }
 
 /// Copies every key of \a group into \a record.
@@ -74,7 +102,8 @@ Record readbutton(QSettings& settings, const QString& group, int page, int butto
 std::optional<LightShow> readlightshow(const QString& path)
 {
     // A folder, pipe or device under this name is no show; reading a pipe could block for ever.
-    if (!QFileInfo(path).isFile() || !QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || escapesat(file.readAll()))
         return std::nullopt;
     QSettings settings(path, QSettings::IniFormat);
     settings.setIniCodec(inicodec());

@@ -2,11 +2,14 @@
 
 #include "itemroles.h"
 
+#include <algorithm>
+
 bool gridempty(const QAbstractItemModel& grid) { return usedids(grid, grid.columnCount()).isEmpty(); }
 
 QSet<QString> usedids(const QAbstractItemModel& grid, int columns)
 {
     QSet<QString> used;
+    columns = std::min(columns, grid.columnCount());
     for (int row = 0; row < grid.rowCount(); ++row) {
         for (int column = 0; column < columns; ++column) {
             const QString id = grid.index(row, column).data(ItemRole::Id).toString();
