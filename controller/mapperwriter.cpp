@@ -112,7 +112,7 @@ QString controllines(const Mapping& mapping, const Record& key)
     if (type == QLatin1String("button"))
         return controllines(mapping, key, false);
     if (type == QLatin1String("slider")) {
-        const QString command = "os2l_cmd " + QString::number(key.value(Key::col()).toInt() + 1);
+        const QString command = "os2l_cmd " + QString::number(key.value(Key::col()).toInt() + qint64(1));
         return line(name, mapping.combined ? whileos2l(command, action) : command);
     }
     if (type == QLatin1String("ignore"))
