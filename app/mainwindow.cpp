@@ -121,6 +121,8 @@ void MainWindow::setupviews()
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
         view->horizontalHeader()->hide();
         view->verticalHeader()->hide();
+        // Tab leads on to the next control; the arrow keys walk the cells.
+        view->setTabKeyNavigation(false);
     }
     // Eight rows fill both lists exactly; the toolkit's own height follows the screen's resolution.
     ui->dmxlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
@@ -145,7 +147,11 @@ void MainWindow::setupkeys()
 void MainWindow::addkey(const QKeySequence& key, QAction* action)
 {
     auto* shortcut = new QShortcut(key, this);
-    connect(shortcut, &QShortcut::activated, action, &QAction::trigger);
+    // Unlike an action's own key, a trigger from outside also reaches a disabled action.
+    connect(shortcut, &QShortcut::activated, action, [action] {
+        if (action->isEnabled())
+            action->trigger();
+    });
 }
 
 void MainWindow::setstyles()

@@ -792,6 +792,9 @@ void MapperWriterTest::writesSlidersAndControlsWithoutACell_data()
         << "var '$os2l' ? os2l_cmd 1 : deck 1 volume" << "os2l_cmd 1";
     QTest::newRow("slider far outside") << keyAt(keyOf("slider", volume), "-1", "998")
         << "var '$os2l' ? os2l_cmd 999 : deck 1 volume" << "os2l_cmd 999";
+    QTest::newRow("slider in the last column that a number can name")
+        << keyAt(keyOf("slider", volume), "10", "2147483647")
+        << "var '$os2l' ? os2l_cmd 2147483648 : deck 1 volume" << "os2l_cmd 2147483648";
     QTest::newRow("ignore") << keyOf("ignore", "var '$page' 0 ? on : off")
         << "var '$page' 0 ? on : off" << "var '$page' 0 ? on : off";
     QTest::newRow("ignore without factory action") << keyOf("ignore") << "" << "";

@@ -369,7 +369,8 @@ void Os2lActionTest::givesBackTheLedActionOfAControlWithoutLiveButton()
         if (actions.chance(4))
             ledaction = actions.soup();
         for (const char* type : {"pad", "button"}) {
-            for (const Mapping& look : looks(onecontrol(type, "sampler_pad 1", ledaction)))
+            const QList<Mapping> everylook = looks(onecontrol(type, "sampler_pad 1", ledaction));
+            for (const Mapping& look : everylook)
                 QCOMPARE(ledback(look), ledaction);
         }
     }
@@ -384,7 +385,8 @@ void Os2lActionTest::givesBackTheLedActionOfABlinkingPad()
             ledaction = actions.soup();
         for (const char* action : {"", "sampler_pad 1"}) {
             const Mapping pad = placed(onecontrol("pad", action, ledaction), actions.name(), true);
-            for (const Mapping& look : looks(pad))
+            const QList<Mapping> everylook = looks(pad);
+            for (const Mapping& look : everylook)
                 QCOMPARE(ledback(look), ledaction);
         }
     }
@@ -403,7 +405,8 @@ void Os2lActionTest::givesBackTheLedActionBehindALiveButton()
         for (const char* action : {"", "sampler_pad 1"}) {
             for (const char* type : {"pad", "button"}) {
                 const Mapping control = placed(onecontrol(type, action, ledaction), actions.name());
-                for (const Mapping& look : looks(control))
+                const QList<Mapping> everylook = looks(control);
+                for (const Mapping& look : everylook)
                     QCOMPARE(ledback(look), ledaction);
             }
         }
@@ -449,7 +452,9 @@ void Os2lActionTest::givesBackWhatStandsInSeveralWrappings()
 void Os2lActionTest::losesTheActionsOfTheSwitch()
 {
     for (const char* type : {"pad", "button"}) {
-        for (const Mapping& look : looks(switching(onecontrol(type, "sampler_pad 1", "play ? on : off")))) {
+        const QList<Mapping> everylook =
+            looks(switching(onecontrol(type, "sampler_pad 1", "play ? on : off")));
+        for (const Mapping& look : everylook) {
             QCOMPARE(written(look).value("C"), QString("toggle '$os2l'"));
             QCOMPARE(actionback(look), QString());
         }
@@ -465,7 +470,8 @@ void Os2lActionTest::losesTheActionsOfTheSwitch()
 void Os2lActionTest::losesTheLedActionOfAControlWithoutAction()
 {
     for (const char* type : {"pad", "button"}) {
-        for (const Mapping& look : looks(onecontrol(type, "", "play ? on : off"))) {
+        const QList<Mapping> everylook = looks(onecontrol(type, "", "play ? on : off"));
+        for (const Mapping& look : everylook) {
             QCOMPARE(actionback(look), QString());
             QCOMPARE(ledback(look), QString());
         }
@@ -485,7 +491,8 @@ void Os2lActionTest::losesALedActionWithoutAlternativeBehindALiveButton()
     QFETCH(QString, ledaction);
     for (const char* action : {"", "sampler_pad 1"}) {
         for (const char* type : {"pad", "button"}) {
-            for (const Mapping& look : looks(placed(onecontrol(type, action, ledaction)))) {
+            const QList<Mapping> everylook = looks(placed(onecontrol(type, action, ledaction)));
+            for (const Mapping& look : everylook) {
                 QVERIFY(written(look).value("LED_C").endsWith(" : " + ledaction));
                 QCOMPARE(ledback(look), QString());
             }

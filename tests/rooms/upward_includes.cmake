@@ -1,0 +1,21 @@
+# cmake -DFOLDER=… -DLEAVE_OUT=… -P upward_includes.cmake: fails when a C++ file below FOLDER, but not below
+# LEAVE_OUT, includes by a path with "../" in it.
+file(GLOB_RECURSE files ${FOLDER}/*.h ${FOLDER}/*.cpp)
+if(NOT files)
+    message(FATAL_ERROR "There is no C++ file below ${FOLDER}.")
+endif()
+set(found "")
+foreach(file ${files})
+    string(FIND "${file}" "${LEAVE_OUT}/" at)
+    if(at EQUAL 0)
+        continue()
+    endif()
+    file(STRINGS "${file}" lines REGEX "^[ \t]*#[ \t]*include[ \t]*[\"<][^\">]*\\.\\./")
+    foreach(line ${lines})
+        # Indented lines are printed as they are; others would be wrapped.
+        string(APPEND found "\n  ${file}: ${line}")
+    endforeach()
+endforeach()
+if(found)
+    message(FATAL_ERROR "These includes leave their folder:${found}")
+endif()
