@@ -12,6 +12,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 
 bool MainWindow::loadshow()
@@ -91,10 +92,14 @@ void MainWindow::updatelist(int index)
 {
     if (index < 0)
         return;
+    // A header that may repaint computes all row positions anew at each row that it hides or shows.
+    QHeaderView* const rows = ui->dmxlistview->verticalHeader();
+    rows->setUpdatesEnabled(false);
     for (int row = 0; row < dmxModel->rowCount(); ++row) {
         const int page = dmxModel->index(row, 0).data(ItemRole::Page).toInt();
         ui->dmxlistview->setRowHidden(row, index > 0 && page != index);
     }
+    rows->setUpdatesEnabled(true);
 }
 
 void MainWindow::on_combobox_currentIndexChanged(int index) { updatelist(index); }

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QSettings>
 #include <QTextCodec>
 
@@ -28,8 +27,10 @@ public:
 protected:
     QString convertToUnicode(const char* chars, int length, ConverterState*) const override
     {
+        // Asked for once: the look-up goes through every codec there is, and a show has many values.
+        static const QTextCodec* const utf8 = codecForMib(mibUtf8);
         ConverterState state(IgnoreHeader);
-        QString text = codecForMib(mibUtf8)->toUnicode(chars, length, &state);
+        QString text = utf8->toUnicode(chars, length, &state);
         if (state.invalidChars || state.remainingChars)
             text = QString::fromLatin1(chars, length);
         return text.replace(QLatin1Char('@'), atMark);
@@ -46,20 +47,29 @@ QTextCodec* inicodec()
     return codec;
 }
 
+/// The value of a digit of an escape; -1 when \a digit is none.
+int digitvalue(char digit, bool hexadecimal)
+{
+    if (digit >= '0' && digit <= (hexadecimal ? '9' : '7'))
+        return digit - '0';
+    const int letter = (digit | 0x20) - 'a';
+    return hexadecimal && letter >= 0 && letter < 6 ? letter + 10 : -1;
+}
+
 /// Whether \a bytes write an "@" as an escape, past the codec. No program does that but to have QSettings
 /// build an object. Escapes keep the lowest 16 bits of their number.
 bool escapesat(const QByteArray& bytes)
 {
-    if (!bytes.contains('\\'))
-        return false;
-    static const QRegularExpression escapes(QStringLiteral("\\\\(?:x([0-9A-Fa-f]+)|([0-7]+))"));
-    auto match = escapes.globalMatch(QString::fromLatin1(bytes));
-    while (match.hasNext()) {
-        const QRegularExpressionMatch escape = match.next();
-        const bool hexadecimal = !escape.capturedRef(1).isEmpty();
-        // The last six digits hold 16 bits in either base.
-        const QStringRef digits = (hexadecimal ? escape.capturedRef(1) : escape.capturedRef(2)).right(6);
-        if ((digits.toUInt(nullptr, hexadecimal ? 16 : 8) & 0xFFFFu) == '@')
+    for (int at = bytes.indexOf('\\'); at >= 0; at = bytes.indexOf('\\', at + 2)) {
+        int digit = at + 1;
+        const bool hexadecimal = digit < bytes.size() && bytes.at(digit) == 'x';
+        if (hexadecimal)
+            ++digit;
+        uint number = 0; // wraps above its lowest 16 bits only
+        for (int value; digit < bytes.size() && (value = digitvalue(bytes.at(digit), hexadecimal)) >= 0;
+             ++digit)
+            number = number * (hexadecimal ? 16 : 8) + static_cast<uint>(value);
+        if ((number & 0xFFFFu) == '@')
             return true;
     }
     return false;
@@ -68,7 +78,9 @@ bool escapesat(const QByteArray& bytes)
 /// The value of \a key as text. QSettings takes an unquoted comma for a list separator; a title is one text.
 QString textvalue(const QSettings& settings, const QString& key)
 {
-    QString text = settings.value(key).toStringList().join(QStringLiteral(", "));
+    const QVariant value = settings.value(key);
+    QString text = value.type() == QVariant::StringList ? value.toStringList().join(QStringLiteral(", "))
+                                                        : value.toString();
     text.replace(atMark, QLatin1Char('@'));
     // As QSettings writes a text that begins with "@".
     return text.startsWith(QLatin1String("@@")) ? text.mid(1) : text;

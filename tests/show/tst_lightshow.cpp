@@ -892,6 +892,9 @@ void TestLightShow::anEscapedAtSignRefusesTheFile_data()
     QTest::newRow("an object, every letter escaped")
         << QByteArray("\\x40\\x56\\x61\\x72\\x69\\x61\\x6e\\x74\\x28\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)")
         << true;
+    QTest::newRow("behind a NUL") << bytesOf("x\0\\x40Size(3 4)") << true;
+    QTest::newRow("behind an escaped backslash") << QByteArray("\\\\\\x40Home") << true;
+    QTest::newRow("its digits behind an escaped backslash") << QByteArray("C:\\\\x40") << false;
     QTest::newRow("another letter") << QByteArray("\\x41Home") << false;
     QTest::newRow("a letter with the same last digits") << QByteArray("\\x140Home") << false;
     QTest::newRow("not escaped") << QByteArray("@Home") << false;

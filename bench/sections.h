@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The subjects of the benchmarks. Each prints its lines of the table; \a folder is an empty folder of its
+/// own use, which stays behind with files in it.
+
+/// Start to first paint, on every platform plug-in that can be had here. Must come before this process has
+/// grown, thus before its QApplication: see starting.cpp.
+void benchstarting();
+/// Loading shows of 200, 2,000 and 20,000 Live Buttons, and filtering their list by page. Needs a
+/// QApplication.
+void benchlisting(const QString& folder);
+/// Exporting a full pads page.
+void benchexporting(const QString& folder);

@@ -1,0 +1,59 @@
+#include "table.h"
+
+#include <cstdio>
+
+namespace {
+
+void print(const QString& text)
+{
+    std::puts(text.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+QString columns(const QString& what, const QString& measured, const QString& against, const QString& ratio,
+                const QString& aim)
+{
+    return what.leftJustified(50) + measured.rightJustified(12) + against.rightJustified(12) +
+           ratio.rightJustified(8) + aim.rightJustified(13);
+}
+
+void compare(const QString& what, const QString& measured, const QString& against, double ratio, double aim)
+{
+    const QString text =
+        columns(QStringLiteral("  ") + what, measured, against, QString::number(ratio, 'f', 2),
+                aim > Table::noAim ? QStringLiteral("at most ") + QString::number(aim) : QStringLiteral("-"));
+    if (aim > Table::noAim)
+        print(text + (ratio <= aim ? QStringLiteral("  met") : QStringLiteral("  not met")));
+    else
+        print(text);
+}
+
+QString milliseconds(const Work& work)
+{
+    return QString::number(median(work, &Cost::cpu) * 1e3, 'f', 3) + QStringLiteral(" ms");
+}
+
+QString megabytes(const Work& work)
+{
+    return QString::number(median(work, &Cost::memory) / 1e6, 'f', 1) + QStringLiteral(" MB");
+}
+
+} // namespace
+
+void Table::head()
+{
+    print(columns(QStringLiteral("CPU time, or peak memory in MB"), QStringLiteral("measured"),
+                  QStringLiteral("against"), QStringLiteral("times"), QStringLiteral("aim")));
+}
+
+void Table::section(const QString& title) { print(title); }
+
+void Table::times(const QString& what, const Work& work, const Work& floor, double aim)
+{
+    compare(what, milliseconds(work), milliseconds(floor), ratio(work, floor, &Cost::cpu), aim);
+}
+
+void Table::memory(const QString& what, const Work& work, const Work& floor, double aim)
+{
+    compare(what, megabytes(work), megabytes(floor), ratio(work, floor, &Cost::memory), aim);
+}

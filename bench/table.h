@@ -1,0 +1,22 @@
+#pragma once
+
+#include "measure.h"
+
+#include <QString>
+
+/// The one table that all benchmarks print: a line per comparison, written as soon as it is known.
+namespace Table {
+
+/// No aim is set for this line.
+constexpr double noAim = 0;
+
+/// The names of the columns.
+void head();
+/// A line of its own above the comparisons of one subject.
+void section(const QString& title);
+/// \a work in CPU time against \a floor, with the most that the ratio should be and whether that is met.
+void times(const QString& what, const Work& work, const Work& floor, double aim);
+/// \a work in peak memory against \a floor.
+void memory(const QString& what, const Work& work, const Work& floor, double aim);
+
+} // namespace Table
