@@ -9,6 +9,10 @@ bool writetextfile(const QString& path, const QString& text)
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    file.write(text.toUtf8());
+    const QByteArray bytes = text.toUtf8();
+    // The commit does not notice when what is still buffered no longer fits on the disk; the short file would
+    // replace the whole one.
+    if (file.write(bytes) != bytes.size() || !file.flush())
+        file.cancelWriting();
     return file.commit();
 }

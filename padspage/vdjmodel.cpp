@@ -55,7 +55,8 @@ int VDJModel::columnCount(const QModelIndex& parent) const { return parent.isVal
 
 bool VDJModel::contains(const QModelIndex& index) const
 {
-    return index.isValid() && index.row() < m_list.size() && index.column() < m_list.at(index.row()).size();
+    return index.model() == this && index.row() < m_list.size() &&
+           index.column() < m_list.at(index.row()).size();
 }
 
 QVariant VDJModel::data(const QModelIndex& index, int role) const

@@ -348,8 +348,8 @@ void ExportTest::writesWhatTheWindowShowsNow()
     session.window.child<QRadioButton>("radioButton_16pads")->click();
     CHECK(compareCreated(session.exportanswering({ok()}, Road::Button).value(0), "OS2L DMX"));
     const QByteArray sixteen = contents(session.path("OS2L DMX.xml"));
-    QVERIFY(sixteen.contains("get_text &apos;Finale&apos;`\">param_bigger"));
-    QVERIFY(!sixteen.contains("BANK 3"));
+    QVERIFY(sixteen.contains("get_text &apos;BANK 1&apos; : var &apos;dmxbank&apos; 1 ? "
+                             "get_text &apos;Finale&apos;`\">param_bigger"));
     QVERIFY(sixteen.contains("\t<pad16 "));
 
     session.window.child<QRadioButton>("radioButton_8pads")->click();
