@@ -67,9 +67,9 @@ public slots:
     bool loadshow();
     /// Replaces show and project by what \a path (`Live/live.ini`) holds. False, with nothing changed, when
     /// the file cannot be opened.
-    bool loadshowname(QString path);
+    bool loadshowname(const QString& path);
     /// See `::getcolor`.
-    QString getcolor(QString color);
+    QString getcolor(const QString& color);
     /// The number of Live Buttons on Live page \a page.
     int buttonsperpage(int page);
     /// Fills the emptied Live Buttons list from `buttons`.

@@ -34,7 +34,7 @@ bool MainWindow::loadshow()
     return true;
 }
 
-bool MainWindow::loadshowname(QString path)
+bool MainWindow::loadshowname(const QString& path)
 {
     const auto show = readlightshow(path);
     if (!show)
@@ -55,7 +55,7 @@ bool MainWindow::loadshowname(QString path)
     return true;
 }
 
-QString MainWindow::getcolor(QString color) { return ::getcolor(color); }
+QString MainWindow::getcolor(const QString& color) { return ::getcolor(color); }
 
 int MainWindow::buttonsperpage(int page) { return ::buttonsperpage(buttons, page); }
 

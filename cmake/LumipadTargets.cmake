@@ -32,5 +32,5 @@ function(lumipad_test name)
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.txt")
+        "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/leaks.txt'")
 endfunction()

@@ -87,6 +87,8 @@ int getdeviceindex(const QList<Record>& devices, const QString& device)
 
 int getmapperid(const QList<Record>& mappers, const QString& device, int n)
 {
+    if (n < 0)
+        return -1;
     for (int i = 0; i < mappers.size(); ++i) {
         if (mappers.at(i).value(Key::device()) == device && n-- == 0)
             return i;

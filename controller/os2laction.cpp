@@ -1,16 +1,5 @@
 #include "os2laction.h"
 
-namespace {
-
-/// \a text without its first piece, cut at \a separator; empty when there is no separator.
-QString dropfirst(const QString& text, const QString& separator)
-{
-    const int position = text.indexOf(separator);
-    return position < 0 ? QString() : text.mid(position + separator.size());
-}
-
-} // namespace
-
 QString xmlparse(const QString& text)
 {
     QString escaped = text;
@@ -30,22 +19,30 @@ QString removeos2l(const QString& action)
     if (!escaped.startsWith(QLatin1String("var &apos;$os2l&apos;")))
         return action;
 
-    QString rest = dropfirst(action, condition);
-    int c = rest.indexOf(alternative);
-    int q = rest.indexOf(condition);
-    if (q > 0 && q < c) {
+    // The pieces are dropped by moving on in the text, not by cutting it: an action may be megabytes long.
+    int start = 0;
+    int c = -1;
+    int q = -1;
+    const auto search = [&] {
+        c = action.indexOf(alternative, start);
+        q = action.indexOf(condition, start);
+        return q > start && q < c;
+    };
+    const auto behind = [&action](int separator) { return separator < 0 ? action.size() : separator + 3; };
+
+    start = behind(action.indexOf(condition));
+    if (search()) {
         // The test looks at the text before the drop, so one piece more goes than there were conditions
         // ahead: that takes both alternatives of a LED action "os2l_button 'NAME' ? ON : OFF : FACTORY".
-        do {
-            c = rest.indexOf(alternative);
-            q = rest.indexOf(condition);
-            rest = dropfirst(rest, alternative);
-        } while (q > 0 && q < c);
+        bool ahead = true;
+        while (ahead) {
+            ahead = search();
+            start = behind(c);
+        }
+        search();
     }
-    c = rest.indexOf(alternative);
-    q = rest.indexOf(condition);
-    if (c <= 0)
+    if (c <= start)
         return QString();
     // An alternative ahead of every condition is the one that OS2L was given; what follows is the factory's.
-    return q < 0 || q > c ? dropfirst(rest, alternative) : rest;
+    return action.mid(q < 0 || q > c ? behind(c) : start);
 }

@@ -1,31 +1,38 @@
 #include "xmlelements.h"
 
-#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cctype>
 
 namespace {
 
-Record attributesof(const QDomElement& element)
+Record recordof(const QXmlStreamAttributes& attributes)
 {
     Record record;
-    const QDomNamedNodeMap attributes = element.attributes();
-    for (int i = 0; i < attributes.count(); ++i) {
-        const QDomAttr attribute = attributes.item(i).toAttr();
-        record.insert(attribute.name(), attribute.value());
-    }
+    for (const QXmlStreamAttribute& attribute : attributes)
+        record.insert(attribute.qualifiedName().toString(), attribute.value().toString());
     return record;
 }
 
-/// The node that follows \a node in document order below \a root; null behind the last one.
-QDomNode nextnode(const QDomNode& node, const QDomNode& root)
+/// Whether a tag of \a xml could carry more attributes than any mapping has: the XML reader compares each
+/// with all before it, so that one tag of a few megabytes would keep it busy for hours.
+bool crowded(const QByteArray& xml)
 {
-    if (!node.firstChild().isNull())
-        return node.firstChild();
-    QDomNode last = node;
-    while (last != root && last.nextSibling().isNull())
-        last = last.parentNode();
-    return last == root ? QDomNode() : last.nextSibling();
+    constexpr int maxAttributes = 256;
+    int attributes = 0;
+    char last = 0;
+    return std::any_of(xml.cbegin(), xml.cend(), [&](char sign) {
+        if (sign == '<')
+            attributes = 0;
+        else if ((sign == '"' || sign == '\'') && last == '=')
+            ++attributes;
+        if (!std::isspace(static_cast<unsigned char>(sign)))
+            last = sign;
+        return attributes > maxAttributes;
+    });
 }
 
 } // namespace
@@ -36,14 +43,21 @@ QList<XmlElement> readelements(const QString& path, const QStringList& tags)
     QFile file(path);
     if (!QFileInfo(path).isFile() || file.size() > maxXmlSize || !file.open(QIODevice::ReadOnly))
         return {};
-    QDomDocument document;
-    if (!document.setContent(&file))
+    const QByteArray xml = file.readAll();
+    if (crowded(xml))
         return {};
+    // Read as a stream: a document tree takes a stack frame for every level of nesting.
+    QXmlStreamReader reader(xml);
+    reader.setNamespaceProcessing(false);
     QList<XmlElement> elements;
-    for (QDomNode node = document; !node.isNull(); node = nextnode(node, document)) {
-        const QDomElement element = node.toElement();
-        if (!element.isNull() && tags.contains(element.tagName()))
-            elements.append({element.tagName(), attributesof(element)});
+    while (!reader.atEnd()) {
+        reader.readNext();
+        // Entities of its own let a small file grow without end; mappings have none.
+        if (reader.isDTD() && !reader.entityDeclarations().isEmpty())
+            return {};
+        const QString tag = reader.qualifiedName().toString();
+        if (reader.isStartElement() && tags.contains(tag))
+            elements.append({tag, recordof(reader.attributes())});
     }
-    return elements;
+    return reader.hasError() ? QList<XmlElement>() : elements;
 }

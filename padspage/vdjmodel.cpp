@@ -179,6 +179,7 @@ bool VDJModel::removeRows(int row, int count, const QModelIndex& parent)
 
 Qt::ItemFlags VDJModel::flags(const QModelIndex& index) const
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): a table's "never has children" is no flag of a pad
     const Qt::ItemFlags base = QAbstractItemModel::flags(index);
     if (!contains(index))
         return base;

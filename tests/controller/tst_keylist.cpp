@@ -1,9 +1,11 @@
 #include "keylist.h"
 
-#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -69,6 +71,14 @@ QByteArray map(const QByteArray& value, const QByteArray& action)
     return "<map value=\"" + value + "\" action=\"" + action + "\"/>";
 }
 
+/// The most memory that the test has held so far, in megabytes.
+long peakmemory()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
 } // namespace
 
 class KeylistTest : public QObject
@@ -101,6 +111,8 @@ private slots:
     void takesAMalformedFileAsOneWithoutElements_data();
     void takesAMalformedFileAsOneWithoutElements();
     void takesAFolderAsAFileWithoutElements();
+    void isNotHeldUpByHostileMappings_data();
+    void isNotHeldUpByHostileMappings();
     void listsTheRepeatedControlsOfTheLargestDevice();
 };
 
@@ -404,6 +416,30 @@ void KeylistTest::takesAFolderAsAFileWithoutElements()
     QVERIFY(getkeynames(files.folder(), files.mapperpath()).isEmpty());
     QCOMPARE(lines(getkeynames(files.layoutpath(), files.folder())),
              QStringList{"action=|col=|led=P|ledaction=|row=|type=pad|value=P"});
+}
+
+void KeylistTest::isNotHeldUpByHostileMappings_data()
+{
+    QTest::addColumn<QByteArray>("mapping");
+    QTest::newRow("one entity in every action")
+        << "<!DOCTYPE m [<!ENTITY e \"" + QByteArray("x").repeated(4000) + "\">]><m>" +
+               QByteArray("<map value=\"P\" action=\"&e;\"/>").repeated(60000) + "</m>";
+    QTest::newRow("maps nested deeply")
+        << QByteArray("<map value=\"Q\">").repeated(50000) + QByteArray("</map>").repeated(50000);
+    QTest::newRow("action without end")
+        << "<m>" + map("P", "var &apos;$os2l&apos; ? " + QByteArray("a ? b : ").repeated(60000)) + "</m>";
+}
+
+void KeylistTest::isNotHeldUpByHostileMappings()
+{
+    QFETCH(QByteArray, mapping);
+    const Pair files("<layout><pad name=\"P\"/></layout>", mapping);
+    const long before = peakmemory();
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(lines(files.keys()), QStringList{"action=|col=|led=P|ledaction=|row=|type=pad|value=P"});
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
+    QVERIFY2(peakmemory() - before < 300, qPrintable(QString("%1 MB").arg(peakmemory() - before)));
 }
 
 void KeylistTest::listsTheRepeatedControlsOfTheLargestDevice()

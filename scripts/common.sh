@@ -1,0 +1,127 @@
+# shellcheck shell=bash
+# What run, check, .ci/run and the scripts of this folder share: sentences, packages, builds. Sourced, never run
+# by itself. The caller has set -euo pipefail.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+# The name that messages begin with, as the user typed it.
+me=$0
+
+say() { printf '%s\n' "$*"; }
+
+# Ends the script with one sentence on the error output.
+fail() {
+    printf '%s: %s\n' "$me" "$*" >&2
+    exit 1
+}
+
+have() { command -v "$1" >/dev/null 2>&1; }
+
+on_macos() { [[ $(uname -s) == Darwin ]]; }
+
+# The packages of one purpose, for apt-get. The fonts are needed because the window asks for Arial, and a machine
+# without any font shows no letter at all; Liberation Sans takes Arial's place, width for width.
+apt_packages() {
+    case $1 in
+    build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
+    mouse) say libx11-dev xdotool xvfb ;;
+    lint) say git clang-format clang-tidy clazy shellcheck ;;
+    *) fail "there is no list of packages for \"$1\"." ;;
+    esac
+}
+
+brew_packages() {
+    case $1 in
+    build) say cmake ninja qt@5 ;;
+    # The mouse is driven through X, which macOS does not have.
+    mouse) ;;
+    lint) fail "the lint tools are installed from the packages of Debian and Ubuntu only." ;;
+    *) fail "there is no list of packages for \"$1\"." ;;
+    esac
+}
+
+# need_space FOLDER MEGABYTES WHAT: stops when the disk of the folder has less room than what needs.
+need_space() {
+    local free
+    free=$(df -Pk "$1" | awk 'NR == 2 { print int($4 / 1024) }')
+    [[ ${free:-0} -ge $2 ]] || fail "$3 needs $2 MB on the disk of $1, and only ${free:-0} MB are free."
+}
+
+# install_packages PURPOSE...: installs what is missing for the purposes. When nothing is missing it asks neither
+# for a password nor for the network.
+install_packages() {
+    if have apt-get && have dpkg-query; then
+        install_with_apt "$@"
+    elif have brew; then
+        install_with_brew "$@"
+    else
+        fail "neither apt-get (Debian, Ubuntu) nor brew (macOS) is here to install what Lumipad is built with."
+    fi
+}
+
+install_with_apt() {
+    local purpose package wanted missing=() as_root=()
+    for purpose in "$@"; do
+        read -ra wanted <<<"$(apt_packages "$purpose")"
+        for package in "${wanted[@]}"; do
+            # shellcheck disable=SC2016 # ${…} is dpkg-query's own, not the shell's
+            [[ " $(dpkg-query -W -f '${db:Status-Status} ' "$package" 2>/dev/null)" == *" installed "* ]] ||
+                missing+=("$package")
+        done
+    done
+    ((${#missing[@]} > 0)) || return 0
+
+    if [[ $(id -u) -ne 0 ]]; then
+        have sudo || fail "to install ${missing[*]} it must run as root or find sudo, and neither is so."
+        as_root=(sudo)
+    fi
+    need_space / 1500 "installing ${missing[*]}"
+    say "Installing ${missing[*]}"
+    # Old lists may still do, so only a failed install is the end. /dev/null: no question waits for an answer.
+    "${as_root[@]}" apt-get update -qq </dev/null || say "The package lists could not be refreshed; going on with those at hand."
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 "${missing[@]}" </dev/null ||
+        fail "apt-get could not install ${missing[*]}; its own lines above say why."
+}
+
+install_with_brew() {
+    local purpose package wanted missing=()
+    for purpose in "$@"; do
+        read -ra wanted <<<"$(brew_packages "$purpose")"
+        for package in ${wanted[@]+"${wanted[@]}"}; do
+            brew list --versions "$package" >/dev/null 2>&1 || missing+=("$package")
+        done
+    done
+    ((${#missing[@]} > 0)) || return 0
+    need_space / 3000 "installing ${missing[*]}"
+    say "Installing ${missing[*]}"
+    brew install "${missing[@]}" </dev/null || fail "brew could not install ${missing[*]}; its own lines above say why."
+}
+
+# build FOLDER OPTIONS TARGET...: configures the build folder (relative to the project) and builds the targets.
+# OPTIONS is one string of cmake options, split at blanks.
+build() {
+    local folder=$root/$1 options made_for
+    read -ra options <<<"$2"
+    shift 2
+    need_space "$root" 1000 "building Lumipad"
+    if on_macos; then
+        # Homebrew keeps Qt 5 out of the way of newer ones, where cmake does not look by itself.
+        options+=("-DCMAKE_PREFIX_PATH=$(brew --prefix qt@5)")
+    fi
+    # A moved or copied checkout brings a build folder that cmake refuses, as it belongs to the old place.
+    if [[ -f $folder/CMakeCache.txt ]]; then
+        made_for=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$folder/CMakeCache.txt")
+        [[ $made_for == "$root" ]] || rm -rf "$folder"
+    fi
+    cmake -S "$root" -B "$folder" -G Ninja -DLUMIPAD_WERROR=ON "${options[@]}" ||
+        fail "cmake could not prepare the build; its own lines above say why."
+    cmake --build "$folder" --target "$@" || fail "the build failed; the compiler's lines above say why."
+}
+
+# run_tests FOLDER: every test of a build folder, ending with ctest's summary. No test found counts as a failure.
+run_tests() {
+    local jobs
+    jobs=$(getconf _NPROCESSORS_ONLN 2>/dev/null || say 2)
+    # A change of folder, because --test-dir is newer than the oldest cmake that builds Lumipad.
+    (cd "$root/$1" && ctest --output-on-failure --no-tests=error -j "$jobs")
+}
