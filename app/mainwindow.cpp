@@ -72,7 +72,10 @@ MainWindow::MainWindow(QWidget* parent)
 
     resetbanks();
     updatebankcombo();
+    readdefaultmappers();
+    readmappers();
     initpadlist();
+    updatemidicombo(0);
 
     createfolder(programFolder);
     createfolder(projectsPath);
@@ -120,6 +123,14 @@ void MainWindow::setupviews()
     ui->dmxlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
     ui->vdjlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
     ui->tablecontroller->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui->tablecontroller, &QWidget::customContextMenuRequested, this,
+            &MainWindow::customMenuRequested);
+    connect(ui->vdjlistview, &QWidget::customContextMenuRequested, this, &MainWindow::customMenuRequestedvdj);
+    connect(vdjModel, &VDJModel::ItemDroped, this, &MainWindow::CheckChanged);
+    connect(dmxModel, &MyModel::ItemUnchecked, this, &MainWindow::dmxcheckchange);
+    connect(vdjModel, &VDJModel::ItemToUncheck, this, &MainWindow::dmxtoremove);
+    connect(controllerModel, &Controller::ItemDroped, this, &MainWindow::CheckChangedCon);
+    connect(controllerModel, &Controller::ItemToUncheck, this, &MainWindow::dmxtoremove2);
     ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
@@ -209,8 +220,6 @@ void MainWindow::on_radio_outputmidi_clicked()
         showpadslayout();
 }
 
-bool MainWindow::isMIDIempty() { return gridempty(*controllerModel); }
-
 bool MainWindow::projectempty()
 {
     return (ui->radio_outputpage->isChecked() && isVDJempty()) ||
@@ -283,9 +292,7 @@ void MainWindow::on_actionNew_2_triggered()
     cleanMIDI();
     cleanVDJ();
     initpadlist();
-    for (int row = 0; row < dmxModel->rowCount(); ++row)
-        dmxModel->setData(dmxModel->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
-    ui->dmxlistview->viewport()->update();
+    uncheckall();
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
     ui->dmxlistview->setFocus();
 }

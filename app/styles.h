@@ -56,6 +56,14 @@ inline QString controllerTable()
                           "QToolTip {background:#202020;color:white;border: 1px solid #808080;}");
 }
 
+inline QString menu()
+{
+    return QStringLiteral("QMenu {padding: 2px; background-color: black; border:1px solid #505050;}"
+                          "QMenu::item{color:#aaaaaa; background-color: #101010;}"
+                          "QMenu::item:selected{color:white;background: #404040;}"
+                          "QMenu::separator{height: 1px; margin: 5px; background: #909090; }");
+}
+
 inline QString scrollBar()
 {
     return QStringLiteral(
