@@ -15,6 +15,10 @@
 #include <QShortcut>
 #include <QStandardPaths>
 
+/// The resources live in a library, from which nothing but this call links them. Q_INIT_RESOURCE does not
+/// work inside a namespace.
+static void initresources() { Q_INIT_RESOURCE(lumipad); }
+
 namespace {
 
 constexpr int rowHeight = 30;
@@ -57,6 +61,7 @@ MainWindow::MainWindow(QWidget* parent)
       padsPath(documentsPath + QStringLiteral("/VirtualDJ/Pads")),
       mappersPath(documentsPath + QStringLiteral("/VirtualDJ/Mappers"))
 {
+    initresources();
     ui->setupUi(this);
     setWindowTitle(QStringLiteral("Lumipad"));
     setupviews();
@@ -106,6 +111,7 @@ void MainWindow::setupviews()
     ui->tablecontroller->setModel(controllerModel);
     setdragging(ui->tablecontroller, true);
     ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
+    ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(5);
     ui->tablecontroller->setItemDelegate(delegate);
     ui->tablecontroller->setMouseTracking(true);
 
