@@ -185,6 +185,28 @@ public slots:
     QString xmlparse(QString text);
     QString removeos2l(QString action);
 
+    // Projects
+
+    /// "Save Project": asks for a file and writes the work of the selected output into it.
+    void on_actionSave_2_triggered();
+    /// Write a project file and say whether that succeeded; after a failure an earlier file is still whole.
+    void savepadsproject(QString path);
+    void savemidiproject(QString path);
+    /// "Load Project": asks before work is replaced; says so when no project was loaded.
+    void on_actionLoad_Project_triggered();
+    /// Asks for a project file and restores show and work from it. False, with nothing changed, when the
+    /// dialog was cancelled, the file cannot be read, or its show is gone.
+    bool loadproject();
+
+    // Help
+
+    /// Show the About box.
+    void on_actionAbout_triggered();
+    void on_actionAbout_2_triggered();
+    /// Opens the manual in the desktop's PDF viewer, from the program folder; a manual that is there already
+    /// is not replaced.
+    void on_actionManual_triggered();
+
 protected:
     QString messageBoxStyle;
     std::unique_ptr<Ui::MainWindow> ui;
@@ -212,10 +234,16 @@ protected:
     QString mappersPath;
 
 private:
+    /// Window width of the MIDI side, but for the way in from the pads radio button.
+    static constexpr int midiWindowWidth = 1366;
+
     void setupviews();
     void setupkeys();
     void addkey(const QKeySequence& key, QAction* action);
     void resetbanks();
+    void saveproject(const QString& path, Record head, const QList<Record>& keys);
+    void restoreproject(const Record& head);
+    void restorecells(QAbstractItemModel* grid, const QList<Record>& keys, bool midi);
     void sizecells();
     void setpads(int role, const QString& value);
     void setpadcolor(int role, int n);

@@ -16,6 +16,15 @@ inline QString messageBox()
         "border: 1px solid #606060;}");
 }
 
+inline QString aboutDialog()
+{
+    return QStringLiteral("QDialog {border:1px solid #606060; background-color: black; }"
+                          "QLabel {color: #aaaaaa; background-color:transparent;}"
+                          "QPushButton {color: #cccccc; background-color: #303030;border: 1px solid #505050;}"
+                          "QPushButton:hover {color: #ffffff; background-color: #404040;"
+                          "border: 1px solid #606060;}");
+}
+
 inline QString centralWidget()
 {
     return QStringLiteral("QWidget {color: #cccccc; background-color: #202020;}");
