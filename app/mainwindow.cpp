@@ -1,6 +1,7 @@
 #include "mainwindow.h"
 
 #include "controller.h"
+#include "dialog.h"
 #include "messages.h"
 #include "mydelegate.h"
 #include "mymodel.h"
@@ -10,10 +11,14 @@
 #include "vdjmodel.h"
 
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStandardPaths>
+#include <QUrl>
 
 /// The resources live in a library, from which nothing but this call links them. Q_INIT_RESOURCE does not
 /// work inside a namespace.
@@ -25,7 +30,6 @@ constexpr int rowHeight = 30;
 constexpr int padsWindowWidth = 650;
 // The two ways into the MIDI layout differ by one pixel.
 constexpr int midiWindowWidthFromPads = 1365;
-constexpr int midiWindowWidth = 1366;
 const QRect padsOutputGeometry(290, 30, 341, 51);
 const QRect midiOutputGeometry(290, 30, 1071, 51);
 
@@ -77,7 +81,10 @@ MainWindow::MainWindow(QWidget* parent)
 
     resetbanks();
     updatebankcombo();
+    readdefaultmappers();
+    readmappers();
     initpadlist();
+    updatemidicombo(0);
 
     createfolder(programFolder);
     createfolder(projectsPath);
@@ -128,6 +135,14 @@ void MainWindow::setupviews()
     ui->dmxlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
     ui->vdjlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
     ui->tablecontroller->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui->tablecontroller, &QWidget::customContextMenuRequested, this,
+            &MainWindow::customMenuRequested);
+    connect(ui->vdjlistview, &QWidget::customContextMenuRequested, this, &MainWindow::customMenuRequestedvdj);
+    connect(vdjModel, &VDJModel::ItemDroped, this, &MainWindow::CheckChanged);
+    connect(dmxModel, &MyModel::ItemUnchecked, this, &MainWindow::dmxcheckchange);
+    connect(vdjModel, &VDJModel::ItemToUncheck, this, &MainWindow::dmxtoremove);
+    connect(controllerModel, &Controller::ItemDroped, this, &MainWindow::CheckChangedCon);
+    connect(controllerModel, &Controller::ItemToUncheck, this, &MainWindow::dmxtoremove2);
     ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
@@ -221,8 +236,6 @@ void MainWindow::on_radio_outputmidi_clicked()
         showpadslayout();
 }
 
-bool MainWindow::isMIDIempty() { return gridempty(*controllerModel); }
-
 bool MainWindow::projectempty()
 {
     return (ui->radio_outputpage->isChecked() && isVDJempty()) ||
@@ -284,9 +297,10 @@ void MainWindow::on_loadini_clicked()
     const auto answer = showmessage(
         messageBoxStyle,
         QStringLiteral("Are you sure you want to open a new Show \nbefore saving current Project ?"),
-        QString(), QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel,
-        QMessageBox::Save);
-    if (answer == QMessageBox::Yes)
+        QString(), QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel);
+    if (answer == QMessageBox::Save)
+        on_actionSave_2_triggered();
+    if (answer == QMessageBox::Yes || answer == QMessageBox::Save)
         loadshow();
 }
 
@@ -295,9 +309,7 @@ void MainWindow::on_actionNew_2_triggered()
     cleanMIDI();
     cleanVDJ();
     initpadlist();
-    for (int row = 0; row < dmxModel->rowCount(); ++row)
-        dmxModel->setData(dmxModel->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
-    ui->dmxlistview->viewport()->update();
+    uncheckall();
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
     ui->dmxlistview->setFocus();
 }
@@ -307,3 +319,20 @@ void MainWindow::cleanDMX() { removeallrows(dmxModel); }
 void MainWindow::cleanVDJ() { removeallrows(vdjModel); }
 
 void MainWindow::cleanMIDI() { removeallrows(controllerModel); }
+
+void MainWindow::on_actionAbout_triggered()
+{
+    Dialog dialog(this);
+    dialog.setModal(true);
+    dialog.exec();
+}
+
+void MainWindow::on_actionAbout_2_triggered() { on_actionAbout_triggered(); }
+
+void MainWindow::on_actionManual_triggered()
+{
+    const QString manual = programFolder + QStringLiteral("/Manual.pdf");
+    if (!QFileInfo::exists(manual))
+        QFile::copy(QStringLiteral(":/icons/Images/Manual.pdf"), manual);
+    QDesktopServices::openUrl(QUrl::fromLocalFile(manual));
+}

@@ -13,6 +13,7 @@ class Controller;
 class MyModel;
 class Mydelegate;
 class QAction;
+class QMenu;
 class QKeySequence;
 class QTableView;
 class VDJModel;
@@ -97,13 +98,76 @@ public slots:
     void on_padsname_editingFinished();
     void on_radioButton_8pads_clicked(bool checked);
     void on_radioButton_16pads_clicked(bool checked);
+    /// Offers to remove the Live Button of the pad under \a pos, if it holds one.
+    void customMenuRequestedvdj(QPoint pos);
+    /// "Remove": empties the selected pads.
+    void ondeletevdjaction_triggered();
+    /// "Clean": empties all pads of all banks and clears all marks; names and layout stay.
+    void on_cleanpads_button_clicked();
     /// Whether no pad of any bank, the hidden column included, holds a Live Button.
     bool isVDJempty();
 
-    // Controller
+    // Devices and their mappings
 
+    /// Fills `devices`, the device choice and the built-in part of `mappers` from the resources.
+    void readdefaultmappers();
+    /// Adds the user's mapper files to `mappers`.
+    void readmappers();
+    /// Makes \a device (an index in `devices`) current, and offers its mappings and colours.
+    void updatemidicombo(int device);
+    void on_devicescombo_currentIndexChanged(int index);
+    /// See `::getdeviceindex`.
+    int getdeviceindex(QString device);
+    bool deviceinlist(QString device);
+    /// The default colours in the palette of \a device; empty for full-RGB and unknown devices.
+    QString getdeviceoffcolor(int device);
+    QString getdeviceoncolor(int device);
+    /// See `::getmapperid`.
+    int getmapperid(QString device, int n);
+
+    // Controller grid
+
+    /// See `padtext` and `padavail`; the latter for the current device.
+    QString getpadtext(int row, int col);
+    QString getpadavail(int row, int col);
+    /// Recomputes which cells the current device has; what is placed stays.
+    void updatelayout();
     /// Whether no cell of the controller grid holds a Live Button.
     bool isMIDIempty();
+
+    // Context menu of the controller grid. Its actions apply to the selected cells, the switch to the clicked
+    // one
+
+    void customMenuRequested(QPoint pos);
+    /// "Remove": takes the Live Buttons off; the pads keep their colours and blink.
+    void ondeleteaction_triggered();
+    /// Gives the pads an off (on) colour: palette entry \a n - 1, or the device's default for 0.
+    void colorpadchange(int n);
+    void coloronpadchange(int n);
+    /// Gives the pads an off (on) colour from the colour dialog.
+    void rgbpadchange();
+    void rgbonpadchange();
+    void onblinkaction_triggered();
+    /// "Set as Switch": the clicked cell becomes the one switch pad, or an ordinary pad again.
+    void ontoggleaction_triggered();
+    /// Empties one cell and makes it usable.
+    void ondeletemidiaction_triggered(int row, int col);
+    /// Empties the grid; colours, blink and `switchPad` stay.
+    void on_cleanmidi_button_clicked();
+
+    // Marks of the Live Buttons that are used; answers to what the grids report
+
+    /// A Live Button of list row \a index was placed on the pads page row \a to: marks the row. A row that
+    /// does not exist changes nothing.
+    void CheckChanged(int index, int to);
+    /// The same for cell (\a to, \a col) of the controller grid, which becomes current.
+    void CheckChangedCon(int index, int to, int col);
+    /// The Live Button with id \a index lost a pad of the pads page (of the controller grid): unmarks it if
+    /// no other one of the same grid holds it; on the pads page column 0 alone counts.
+    void dmxtoremove(int index);
+    void dmxtoremove2(int index);
+    /// Takes the Live Button of list row \a index off every pad of both grids.
+    void dmxcheckchange(int index);
 
     // Export
 
@@ -112,6 +176,36 @@ public slots:
     void on_pushButton_2_clicked();
     /// Writes the pads page file. False when the user declined to overwrite; a failed write is not noticed.
     bool exportpage();
+    /// Writes the mapper file of the chosen device. False when the user declined to overwrite; a failed write
+    /// is not noticed.
+    bool exportmapping();
+    /// Fills `keyList`, see `::getkeynames`.
+    void getkeynames(QString layoutPath, QString mapperPath);
+    /// See `::xmlparse` and `::removeos2l`.
+    QString xmlparse(QString text);
+    QString removeos2l(QString action);
+
+    // Projects
+
+    /// "Save Project": asks for a file and writes the work of the selected output into it.
+    void on_actionSave_2_triggered();
+    /// Write a project file and say whether that succeeded; after a failure an earlier file is still whole.
+    void savepadsproject(QString path);
+    void savemidiproject(QString path);
+    /// "Load Project": asks before work is replaced; says so when no project was loaded.
+    void on_actionLoad_Project_triggered();
+    /// Asks for a project file and restores show and work from it. False, with nothing changed, when the
+    /// dialog was cancelled, the file cannot be read, or its show is gone.
+    bool loadproject();
+
+    // Help
+
+    /// Show the About box.
+    void on_actionAbout_triggered();
+    void on_actionAbout_2_triggered();
+    /// Opens the manual in the desktop's PDF viewer, from the program folder; a manual that is there already
+    /// is not replaced.
+    void on_actionManual_triggered();
 
 protected:
     QString messageBoxStyle;
@@ -140,10 +234,27 @@ protected:
     QString mappersPath;
 
 private:
+    /// Window width of the MIDI side, but for the way in from the pads radio button.
+    static constexpr int midiWindowWidth = 1366;
+
     void setupviews();
     void setupkeys();
     void addkey(const QKeySequence& key, QAction* action);
     void resetbanks();
+    void saveproject(const QString& path, Record head, const QList<Record>& keys);
+    void restoreproject(const Record& head);
+    void restorecells(QAbstractItemModel* grid, const QList<Record>& keys, bool midi);
+    void sizecells();
+    void setpads(int role, const QString& value);
+    void setpadcolor(int role, int n);
+    void askpadcolor(int role);
+    void fillcolormenu(QMenu* menu, int role);
+    void emptycell(int row, int col);
+    void makeswitch(int row, int col);
+    QMenu* newmenu();
+    void markrow(int row);
+    void uncheckall();
+    void focusgrid(QTableView* grid);
     void placeoutput(bool midi, int width);
     void showpadslayout();
     void showmidilayout(int width);

@@ -2,6 +2,9 @@
 
 #include "mainwindow.h"
 
+#include "controller.h"
+#include "itemroles.h"
+#include "mymodel.h"
 #include "padspagewriter.h"
 #include "textfile.h"
 #include "ui_mainwindow.h"
@@ -9,6 +12,7 @@
 #include "vdjmodel.h"
 
 #include <QFileInfo>
+#include <QMenu>
 
 namespace {
 
@@ -33,6 +37,9 @@ void MainWindow::initpadlist()
         ui->vdjlistview->setColumnWidth(column, 150);
     ui->bankcombo->setCurrentIndex(0);
     showbank(0);
+
+    fillcells(controllerModel, devices.value(currentDevice));
+    sizecells();
 }
 
 void MainWindow::updatebankcombo()
@@ -81,6 +88,41 @@ void MainWindow::on_radioButton_16pads_clicked(bool checked)
         ui->vdjlistview->showColumn(1);
 }
 
+void MainWindow::customMenuRequestedvdj(QPoint pos)
+{
+    const QModelIndex pad = ui->vdjlistview->indexAt(pos);
+    if (!pad.isValid() || pad.data(ItemRole::Id).toInt() < 0)
+        return;
+    QMenu* menu = newmenu();
+    menu->addAction(QStringLiteral("Remove"), this, &MainWindow::ondeletevdjaction_triggered);
+    menu->popup(ui->vdjlistview->viewport()->mapToGlobal(pos));
+}
+
+void MainWindow::ondeletevdjaction_triggered()
+{
+    const QModelIndexList pads = ui->vdjlistview->selectionModel()->selectedIndexes();
+    for (const QModelIndex& pad : pads) {
+        const int id = pad.data(ItemRole::Id).toInt();
+        // The number comes from the row alone: a pad of column 1 is renamed 1 to 8 too.
+        const QString name = QStringLiteral("PAD ") + QString::number(pad.row() % rowsPerBank + 1);
+        clearpad(vdjModel, pad, name, QStringLiteral("#000000"));
+        // Column 1 is not searched: a Live Button that stands only there loses its mark.
+        if (countid(*vdjModel, 1, id) == 0)
+            unmark(dmxModel, &buttons, id);
+    }
+    focusgrid(ui->vdjlistview);
+}
+
+void MainWindow::on_cleanpads_button_clicked()
+{
+    fillpads(vdjModel);
+    uncheckall();
+    ui->bankcombo->setCurrentIndex(0);
+    showbank(0);
+    ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
+    ui->dmxlistview->setFocus();
+}
+
 bool MainWindow::isVDJempty() { return gridempty(*vdjModel); }
 
 void MainWindow::on_pushButton_2_clicked() { on_actionExport_triggered(); }
@@ -98,8 +140,12 @@ void MainWindow::on_actionExport_triggered()
         else
             exportpage();
     }
-    if (ui->radio_outputmidi->isChecked() && isMIDIempty())
-        message(nopads);
+    if (ui->radio_outputmidi->isChecked()) {
+        if (isMIDIempty())
+            message(nopads);
+        else
+            exportmapping();
+    }
 }
 
 bool MainWindow::exportpage()

@@ -1,11 +1,8 @@
 #include "messages.h"
 
-#include <QAbstractButton>
-
 QMessageBox::StandardButton showmessage(const QString& style, const QString& text,
                                         const QString& informativetext, QMessageBox::StandardButtons buttons,
-                                        QMessageBox::StandardButton defaultbutton,
-                                        QMessageBox::StandardButtons unavailable)
+                                        QMessageBox::StandardButton defaultbutton)
 {
     QMessageBox box;
     box.setStyleSheet(style);
@@ -15,8 +12,5 @@ QMessageBox::StandardButton showmessage(const QString& style, const QString& tex
     box.setInformativeText(informativetext);
     box.setStandardButtons(buttons);
     box.setDefaultButton(defaultbutton);
-    const auto all = box.buttons();
-    for (QAbstractButton* button : all)
-        button->setDisabled(unavailable.testFlag(box.standardButton(button)));
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -16,6 +16,15 @@ inline QString messageBox()
         "border: 1px solid #606060;}");
 }
 
+inline QString aboutDialog()
+{
+    return QStringLiteral("QDialog {border:1px solid #606060; background-color: black; }"
+                          "QLabel {color: #aaaaaa; background-color:transparent;}"
+                          "QPushButton {color: #cccccc; background-color: #303030;border: 1px solid #505050;}"
+                          "QPushButton:hover {color: #ffffff; background-color: #404040;"
+                          "border: 1px solid #606060;}");
+}
+
 inline QString centralWidget()
 {
     return QStringLiteral("QWidget {color: #cccccc; background-color: #202020;}");
@@ -54,6 +63,14 @@ inline QString controllerTable()
     return QStringLiteral("QTableView {font: normal 12px 'Arial' ;outline: 0; gridline-color: #252525; "
                           "background:#303030; border: 0px;}"
                           "QToolTip {background:#202020;color:white;border: 1px solid #808080;}");
+}
+
+inline QString menu()
+{
+    return QStringLiteral("QMenu {padding: 2px; background-color: black; border:1px solid #505050;}"
+                          "QMenu::item{color:#aaaaaa; background-color: #101010;}"
+                          "QMenu::item:selected{color:white;background: #404040;}"
+                          "QMenu::separator{height: 1px; margin: 5px; background: #909090; }");
 }
 
 inline QString scrollBar()

@@ -293,3 +293,26 @@ QString Controller::tooltip(int row, int col) const
         text += QStringLiteral("<br>Blink : Yes");
     return text + QStringLiteral("<br><br>Right-click to Remove");
 }
+
+void fillcells(Controller* grid, const Record& device)
+{
+    grid->removeRows(0, grid->rowCount());
+    grid->insertRows(0, Grid::Lines);
+    for (int row = 0; row < Grid::Lines; ++row) {
+        for (int col = 0; col < Grid::Lines; ++col) {
+            const QModelIndex cell = grid->index(row, col);
+            const QString label = padtext(row, col);
+            grid->setData(cell, label, Qt::EditRole);
+            grid->setData(cell, label, ItemRole::DspName);
+        }
+    }
+    updateavail(grid, device);
+}
+
+void updateavail(Controller* grid, const Record& device)
+{
+    for (int row = 0; row < grid->rowCount(); ++row) {
+        for (int col = 0; col < grid->columnCount(); ++col)
+            grid->setData(grid->index(row, col), padavail(row, col, device), ItemRole::Avail);
+    }
+}

@@ -68,3 +68,10 @@ private:
 
     QList<QList<Record>> m_grid;
 };
+
+/// Replaces whatever \a grid holds with 12 rows of empty cells, labelled, and usable as far as \a device has
+/// them.
+void fillcells(Controller* grid, const Record& device);
+
+/// Sets which cells of \a grid are usable on \a device; placed Live Buttons stay where they are.
+void updateavail(Controller* grid, const Record& device);

@@ -20,6 +20,18 @@ QSet<QString> usedids(const QAbstractItemModel& grid, int columns)
     return used;
 }
 
+int countid(const QAbstractItemModel& grid, int columns, int id)
+{
+    int count = 0;
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < columns; ++column) {
+            if (grid.index(row, column).data(ItemRole::Id).toInt() == id)
+                ++count;
+        }
+    }
+    return count;
+}
+
 void markused(QAbstractItemModel* list, QList<Record>* buttons, const QSet<QString>& used)
 {
     for (int row = 0; row < list->rowCount(); ++row) {
@@ -32,4 +44,25 @@ void markused(QAbstractItemModel* list, QList<Record>* buttons, const QSet<QStri
         if (isnumber && button >= 0 && button < buttons->size())
             (*buttons)[button][Key::check()] = mark ? QStringLiteral("1") : QStringLiteral("0");
     }
+}
+
+void unmark(QAbstractItemModel* list, QList<Record>* buttons, int id)
+{
+    for (int row = 0; row < list->rowCount(); ++row) {
+        const QModelIndex index = list->index(row, 0);
+        if (index.data(ItemRole::Id).toInt() != id)
+            continue;
+        list->setData(index, Qt::Unchecked, Qt::CheckStateRole);
+        if (row < buttons->size())
+            (*buttons)[row][Key::check()] = QStringLiteral("0");
+    }
+}
+
+void clearpad(QAbstractItemModel* grid, const QModelIndex& pad, const QString& name, const QString& color)
+{
+    grid->setData(pad, name, Qt::EditRole);
+    grid->setData(pad, name, ItemRole::DspName);
+    grid->setData(pad, QStringLiteral("0"), ItemRole::Page);
+    grid->setData(pad, QStringLiteral("-1"), ItemRole::Id);
+    grid->setData(pad, color, Qt::DecorationRole);
 }

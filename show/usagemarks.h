@@ -6,7 +6,8 @@
 #include <QList>
 #include <QSet>
 
-/// The rules of the "used" mark: which Live Buttons of the list are placed on the pads of a grid.
+/// The rules of the "used" mark: which Live Buttons of the list are placed on the pads of a grid, and how one
+/// is taken off.
 
 /// Whether no cell of \a grid holds a Live Button, hidden cells included. An id that is empty or no number
 /// reads as 0 and counts as one.
@@ -15,6 +16,17 @@ bool gridempty(const QAbstractItemModel& grid);
 /// The Live Button ids, as text, that the first \a columns columns of \a grid hold.
 QSet<QString> usedids(const QAbstractItemModel& grid, int columns);
 
+/// In how many cells of the first \a columns columns of \a grid the Live Button \a id stands.
+int countid(const QAbstractItemModel& grid, int columns, int id);
+
 /// Marks the rows of \a list whose id is in \a used and unmarks all others, in the list and in the `check`
 /// of \a buttons (index = id; an id outside is passed over).
 void markused(QAbstractItemModel* list, QList<Record>* buttons, const QSet<QString>& used);
+
+/// Unmarks the rows of \a list whose id is \a id, in the list and in the `check` of \a buttons (at the
+/// row's position; rows beyond its end are passed over).
+void unmark(QAbstractItemModel* list, QList<Record>* buttons, int id);
+
+/// Takes the Live Button off a cell of either grid: it is called \a name and shown in \a color from then on.
+/// Changes nothing for an index outside the grid.
+void clearpad(QAbstractItemModel* grid, const QModelIndex& pad, const QString& name, const QString& color);

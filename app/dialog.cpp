@@ -1,0 +1,35 @@
+#include "dialog.h"
+
+#include "addresses.h"
+#include "styles.h"
+#include "ui_dialog.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace {
+
+void openaddress(const char* address) { QDesktopServices::openUrl(QUrl(QString::fromUtf8(address))); }
+
+} // namespace
+
+Dialog::Dialog(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::Dialog>())
+{
+    ui->setupUi(this);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowTitle(QStringLiteral("Lumipad - About"));
+    setStyleSheet(Style::aboutDialog());
+    setSizeGripEnabled(false);
+}
+
+Dialog::~Dialog() = default;
+
+void Dialog::on_checkupdates_clicked() { openaddress(Address::addOns); }
+
+void Dialog::on_support_clicked() { openaddress(Address::support); }
+
+void Dialog::on_vdjwebsite_clicked() { openaddress(Address::virtualDj); }
+
+void Dialog::on_pushButton_clicked() { openaddress(Address::os2l); }
+
+void Dialog::on_tlcforum_clicked() { openaddress(Address::lightingController); }
