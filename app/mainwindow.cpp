@@ -48,6 +48,13 @@ void setdragging(QTableView* view, bool acceptdrops)
     view->setDefaultDropAction(Qt::CopyAction);
 }
 
+QMessageBox::StandardButton confirmexit(const QString& style)
+{
+    return showmessage(style, QStringLiteral("Project is not empty."),
+                       QStringLiteral("Are you sure you want to exit ?"),
+                       QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+}
+
 void removeallrows(QAbstractItemModel* model)
 {
     if (model->rowCount() > 0)
@@ -146,15 +153,15 @@ void MainWindow::setupviews()
     ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
-/// The keys a person expects. They are shortcuts of the window, not of the actions, because the menu would
-/// draw an action's own key beside its text.
+/// The keys a person expects; none for "New Project", which asks nothing. They are shortcuts of the window,
+/// not of the actions, because the menu would draw an action's own key beside its text.
 void MainWindow::setupkeys()
 {
     addkey(QKeySequence::Open, ui->actionNew);
-    addkey(QKeySequence::New, ui->actionNew_2);
     addkey(QKeySequence(QStringLiteral("Ctrl+Shift+O")), ui->actionLoad_Project);
     addkey(QKeySequence::Save, ui->actionSave_2);
-    addkey(QKeySequence(QStringLiteral("Ctrl+E")), ui->actionExport);
+    // Ctrl+E moves the cursor to the end of a line edit.
+    addkey(QKeySequence(QStringLiteral("Ctrl+Shift+E")), ui->actionExport);
     addkey(QKeySequence(QStringLiteral("Ctrl+Q")), ui->actionExit);
     addkey(QKeySequence(Qt::Key_F1), ui->actionManual);
 }
@@ -236,6 +243,13 @@ void MainWindow::on_radio_outputmidi_clicked()
         showpadslayout();
 }
 
+/// Takes over a name or text that is still being typed: a key or menu entry leaves the focus where it is.
+void MainWindow::finishediting()
+{
+    if (QWidget* edit = focusWidget())
+        edit->clearFocus();
+}
+
 bool MainWindow::projectempty()
 {
     return (ui->radio_outputpage->isChecked() && isVDJempty()) ||
@@ -251,13 +265,6 @@ bool MainWindow::confirmoverwrite(const QString& text)
 {
     return showmessage(messageBoxStyle, text, QStringLiteral("Do you want to overwrite ?"),
                        QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-}
-
-QMessageBox::StandardButton confirmexit(const QString& style)
-{
-    return showmessage(style, QStringLiteral("Project is not empty."),
-                       QStringLiteral("Are you sure you want to exit ?"),
-                       QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

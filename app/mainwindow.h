@@ -117,13 +117,13 @@ public slots:
     void updatemidicombo(int device);
     void on_devicescombo_currentIndexChanged(int index);
     /// See `::getdeviceindex`.
-    int getdeviceindex(QString device);
-    bool deviceinlist(QString device);
+    int getdeviceindex(const QString& device);
+    bool deviceinlist(const QString& device);
     /// The default colours in the palette of \a device; empty for full-RGB and unknown devices.
     QString getdeviceoffcolor(int device);
     QString getdeviceoncolor(int device);
     /// See `::getmapperid`.
-    int getmapperid(QString device, int n);
+    int getmapperid(const QString& device, int n);
 
     // Controller grid
 
@@ -180,18 +180,18 @@ public slots:
     /// is not noticed.
     bool exportmapping();
     /// Fills `keyList`, see `::getkeynames`.
-    void getkeynames(QString layoutPath, QString mapperPath);
+    void getkeynames(const QString& layoutPath, const QString& mapperPath);
     /// See `::xmlparse` and `::removeos2l`.
-    QString xmlparse(QString text);
-    QString removeos2l(QString action);
+    QString xmlparse(const QString& text);
+    QString removeos2l(const QString& action);
 
     // Projects
 
     /// "Save Project": asks for a file and writes the work of the selected output into it.
     void on_actionSave_2_triggered();
     /// Write a project file and say whether that succeeded; after a failure an earlier file is still whole.
-    void savepadsproject(QString path);
-    void savemidiproject(QString path);
+    void savepadsproject(const QString& path);
+    void savemidiproject(const QString& path);
     /// "Load Project": asks before work is replaced; says so when no project was loaded.
     void on_actionLoad_Project_triggered();
     /// Asks for a project file and restores show and work from it. False, with nothing changed, when the
@@ -258,6 +258,7 @@ private:
     void placeoutput(bool midi, int width);
     void showpadslayout();
     void showmidilayout(int width);
+    void finishediting();
     bool projectempty();
     void message(const QString& text, const QString& informativetext = QString());
     bool confirmoverwrite(const QString& text);

@@ -82,15 +82,15 @@ void MainWindow::on_devicescombo_currentIndexChanged(int index)
     updatelayout();
 }
 
-int MainWindow::getdeviceindex(QString device) { return ::getdeviceindex(devices, device); }
+int MainWindow::getdeviceindex(const QString& device) { return ::getdeviceindex(devices, device); }
 
-bool MainWindow::deviceinlist(QString device) { return getdeviceindex(device) >= 0; }
+bool MainWindow::deviceinlist(const QString& device) { return getdeviceindex(device) >= 0; }
 
 QString MainWindow::getdeviceoffcolor(int device) { return palettecolor(devices.value(device), Key::off()); }
 
 QString MainWindow::getdeviceoncolor(int device) { return palettecolor(devices.value(device), Key::on()); }
 
-int MainWindow::getmapperid(QString device, int n) { return ::getmapperid(mappers, device, n); }
+int MainWindow::getmapperid(const QString& device, int n) { return ::getmapperid(mappers, device, n); }
 
 QString MainWindow::getpadtext(int row, int col) { return padtext(row, col); }
 
@@ -115,14 +115,14 @@ void MainWindow::sizecells()
 
 bool MainWindow::isMIDIempty() { return gridempty(*controllerModel); }
 
-void MainWindow::getkeynames(QString layoutPath, QString mapperPath)
+void MainWindow::getkeynames(const QString& layoutPath, const QString& mapperPath)
 {
     keyList = ::getkeynames(layoutPath, mapperPath);
 }
 
-QString MainWindow::xmlparse(QString text) { return ::xmlparse(text); }
+QString MainWindow::xmlparse(const QString& text) { return ::xmlparse(text); }
 
-QString MainWindow::removeos2l(QString action) { return ::removeos2l(action); }
+QString MainWindow::removeos2l(const QString& action) { return ::removeos2l(action); }
 
 bool MainWindow::exportmapping()
 {

@@ -129,6 +129,7 @@ void MainWindow::on_pushButton_2_clicked() { on_actionExport_triggered(); }
 
 void MainWindow::on_actionExport_triggered()
 {
+    finishediting();
     if (showName.isEmpty()) {
         message(QStringLiteral("Nothing to Export. Load a Show"));
         return;

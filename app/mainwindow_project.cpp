@@ -63,6 +63,7 @@ QList<Record> cellsof(const QAbstractItemModel& grid, bool midi)
 
 void MainWindow::on_actionSave_2_triggered()
 {
+    finishediting();
     if (showName.isEmpty()) {
         message(QStringLiteral("Nothing to Save. Load a Show"));
         return;
@@ -86,7 +87,7 @@ void MainWindow::on_actionSave_2_triggered()
         savepadsproject(path);
 }
 
-void MainWindow::savepadsproject(QString path)
+void MainWindow::savepadsproject(const QString& path)
 {
     saveproject(path,
                 {{Key::type(), QStringLiteral("pads")},
@@ -96,7 +97,7 @@ void MainWindow::savepadsproject(QString path)
                 cellsof(*vdjModel, false));
 }
 
-void MainWindow::savemidiproject(QString path)
+void MainWindow::savemidiproject(const QString& path)
 {
     const Record device = devices.value(ui->devicescombo->currentIndex());
     saveproject(path,

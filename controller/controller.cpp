@@ -214,16 +214,10 @@ bool Controller::dropMimeData(const QMimeData* data, Qt::DropAction action, int,
 
 bool Controller::insertRows(int row, int count, const QModelIndex& parent)
 {
-    if (parent.isValid() || row < 0 || row > m_grid.size() || count < 1)
-        return false;
-    QList<Record> newrow;
+    QList<Record> cells;
     for (int col = 0; col < Grid::Lines; ++col)
-        newrow.append(newcell());
-    beginInsertRows(parent, row, row + count - 1);
-    for (int i = 0; i < count; ++i)
-        m_grid.prepend(newrow);
-    endInsertRows();
-    return true;
+        cells.append(newcell());
+    return insertattop(&m_grid, cells, row, count, parent);
 }
 
 bool Controller::removeRows(int row, int count, const QModelIndex& parent)

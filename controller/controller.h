@@ -38,8 +38,8 @@ public:
     /// changed. The ignore action does nothing and gives true.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    /// Announces rows \a row to \a row + \a count - 1, but puts the new rows of empty cells at the top of
-    /// the grid; callers insert at 0 only. False, with nothing changed, for a position that no grid has.
+    /// Puts the new rows at the top, whatever \a row says, and announces them at \a row, which callers give
+    /// as 0. False, with nothing changed, for a count below 1.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Announces rows \a row to \a row + \a count - 1 as removed, as far as they exist. Then, once for each
     /// of them, takes away every other row from \a row on, twelve at most: together often more than

@@ -9,24 +9,24 @@
 namespace {
 
 /// The pad at this place of the grid; an empty one where the grid is shorter.
-PadsPagePad padAt(const PadsPage& page, int row, int column) { return page.pads.value(row).value(column); }
+PadsPagePad padat(const PadsPage& page, int row, int column) { return page.pads.value(row).value(column); }
 
 /// Whether any pad of the bank holds a Live Button. The second column counts even when it is not written, so
 /// that switching between 8 and 16 pads does not renumber the banks in VirtualDJ.
-bool isUsed(const PadsPage& page, int bank)
+bool isused(const PadsPage& page, int bank)
 {
     for (int row = bank * rowsPerBank; row < (bank + 1) * rowsPerBank; ++row)
         for (int column = 0; column < padColumns; ++column)
-            if (padAt(page, row, column).pageNr > 0)
+            if (padat(page, row, column).pageNr > 0)
                 return true;
     return false;
 }
 
-QVector<int> usedBanks(const PadsPage& page)
+QVector<int> usedbanks(const PadsPage& page)
 {
     QVector<int> banks;
     for (int bank = 0; bank < bankCount; ++bank)
-        if (isUsed(page, bank))
+        if (isused(page, bank))
             banks << bank;
     return banks;
 }
@@ -35,7 +35,7 @@ QVector<int> usedBanks(const PadsPage& page)
 QString verb(const QString& name, const QString& argument) { return name + " &apos;" + argument + "&apos;"; }
 
 /// One action per used bank, joined into the VirtualDJ script that runs the one of the current bank.
-QString chosenByBank(const QStringList& actions)
+QString chosenbybank(const QStringList& actions)
 {
     QStringList conditions;
     for (const QString& action : actions)
@@ -44,32 +44,32 @@ QString chosenByBank(const QStringList& actions)
 }
 
 /// The line of the pad at `position` (0 to 15) in each of the banks.
-QString padLine(const PadsPage& page, const QVector<int>& banks, int position)
+QString padline(const PadsPage& page, const QVector<int>& banks, int position)
 {
     QStringList texts;
     QStringList colors;
     QStringList actions;
     for (int bank : banks) {
         const PadsPagePad pad =
-            padAt(page, bank * rowsPerBank + position % rowsPerBank, position / rowsPerBank);
+            padat(page, bank * rowsPerBank + position % rowsPerBank, position / rowsPerBank);
         const bool occupied = pad.pageNr > 0;
         texts << verb(QStringLiteral("get_text"), occupied ? pad.text : QString());
         colors << verb(QStringLiteral("color"), occupied ? pad.color : QStringLiteral("transparent"));
         actions << (occupied ? verb(QStringLiteral("os2l_button"), pad.button) : QStringLiteral("nothing"));
     }
     const QString element = "pad" + QString::number(position + 1);
-    return "\t<" + element + " name=\"`" + chosenByBank(texts) + "`\" color=\"" + chosenByBank(colors) +
-           "\">" + chosenByBank(actions) + "</" + element + ">\n";
+    return "\t<" + element + " name=\"`" + chosenbybank(texts) + "`\" color=\"" + chosenbybank(colors) +
+           "\">" + chosenbybank(actions) + "</" + element + ">\n";
 }
 
 /// The line of the parameter button, which shows the current bank's name and cycles through the banks.
-QString parameterLine(const PadsPage& page, const QVector<int>& banks)
+QString parameterline(const PadsPage& page, const QVector<int>& banks)
 {
     QStringList names;
     for (int bank : banks)
         names << verb(QStringLiteral("get_text"), page.bankNames.value(bank));
     const QString count = QString::number(banks.size());
-    return "\t<param1 name=\"`" + chosenByBank(names) + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " +
+    return "\t<param1 name=\"`" + chosenbybank(names) + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " +
            count + " : cycle &apos;dmxbank&apos; -" + count + "</param1>\n";
 }
 
@@ -78,13 +78,13 @@ QString parameterLine(const PadsPage& page, const QVector<int>& banks)
 // Plain joining, not QString::arg: a name may hold "%1", and arg would take it for a place to fill.
 QString padspagexml(const PadsPage& page)
 {
-    const QVector<int> banks = usedBanks(page);
+    const QVector<int> banks = usedbanks(page);
     const int padCount = page.sixteenPads ? padColumns * rowsPerBank : rowsPerBank;
 
     QString xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"" + page.name + "\">\n";
     for (int position = 0; position < padCount; ++position)
-        xml += padLine(page, banks, position);
-    return xml + parameterLine(page, banks) + "</page>\n";
+        xml += padline(page, banks, position);
+    return xml + parameterline(page, banks) + "</page>\n";
 }
 
 QVector<QVector<PadsPagePad>> padspagepads(const QAbstractItemModel& grid)

@@ -6,8 +6,6 @@
 #include <QColor>
 #include <QMimeData>
 
-#include <algorithm>
-
 namespace {
 
 /// The record key behind a role; null for roles without one.
@@ -154,27 +152,13 @@ void VDJModel::writepad(const QModelIndex& pad, const Record& values)
 
 bool VDJModel::insertRows(int row, int count, const QModelIndex& parent)
 {
-    if (parent.isValid() || row < 0 || row > m_list.size() || count < 1)
-        return false;
-    beginInsertRows(parent, row, row + count - 1);
     const Record pad = emptypad(QStringLiteral("1"));
-    for (int i = 0; i < count; ++i)
-        m_list.prepend({pad, pad});
-    endInsertRows();
-    return true;
+    return insertattop(&m_list, {pad, pad}, row, count, parent);
 }
 
 bool VDJModel::removeRows(int row, int count, const QModelIndex& parent)
 {
-    if (parent.isValid() || row < 0 || count < 0)
-        return false;
-    const int last = std::min(count, m_list.size() - row) + row - 1;
-    if (last < row)
-        return true;
-    beginRemoveRows(parent, row, last);
-    m_list.erase(m_list.begin() + row, m_list.begin() + last + 1);
-    endRemoveRows();
-    return true;
+    return removeexisting(&m_list, row, count, parent);
 }
 
 Qt::ItemFlags VDJModel::flags(const QModelIndex& index) const

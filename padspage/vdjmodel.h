@@ -33,8 +33,8 @@ public:
     /// that does not exist.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    /// Announces rows \a row to \a row + \a count - 1, but puts the new rows at the top of the grid; callers
-    /// insert at 0 only. False, with nothing changed, for a position that the grid does not have.
+    /// Puts the new rows at the top, whatever \a row says, and announces them at \a row, which callers give
+    /// as 0. False, with nothing changed, for a count below 1.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Removes \a count rows at \a row, as far as they exist.
     bool removeRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;

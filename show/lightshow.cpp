@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTemporaryFile>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -56,23 +57,28 @@ int digitvalue(char digit, bool hexadecimal)
     return hexadecimal && letter >= 0 && letter < 6 ? letter + 10 : -1;
 }
 
-/// Whether \a bytes write an "@" as an escape, past the codec. No program does that but to have QSettings
-/// build an object. Escapes keep the lowest 16 bits of their number.
-bool escapesat(const QByteArray& bytes)
+/// \a bytes with `atMark` for every "@" that is written as an escape, past the codec. Escapes keep the lowest
+/// 16 bits of their number.
+QByteArray withoutescapedat(const QByteArray& bytes)
 {
+    QByteArray result;
+    int copied = 0;
     for (int at = bytes.indexOf('\\'); at >= 0; at = bytes.indexOf('\\', at + 2)) {
-        int digit = at + 1;
-        const bool hexadecimal = digit < bytes.size() && bytes.at(digit) == 'x';
+        int end = at + 1;
+        const bool hexadecimal = end < bytes.size() && bytes.at(end) == 'x';
         if (hexadecimal)
-            ++digit;
+            ++end;
         uint number = 0; // wraps above its lowest 16 bits only
-        for (int value; digit < bytes.size() && (value = digitvalue(bytes.at(digit), hexadecimal)) >= 0;
-             ++digit)
+        for (int value; end < bytes.size() && (value = digitvalue(bytes.at(end), hexadecimal)) >= 0; ++end)
             number = number * (hexadecimal ? 16 : 8) + static_cast<uint>(value);
-        if ((number & 0xFFFFu) == '@')
-            return true;
+        if ((number & 0xFFFFu) != '@')
+            continue;
+        // In the same base: the digits behind it then end where they did.
+        result += bytes.mid(copied, at - copied) + '\\' + (hexadecimal ? "x" : "") +
+                  QByteArray::number(atMark.unicode(), hexadecimal ? 16 : 8);
+        copied = end;
     }
-    return false;
+    return copied == 0 ? bytes : result + bytes.mid(copied);
 }
 
 /// The value of \a key as text. QSettings takes an unquoted comma for a list separator; a title is one text.
@@ -82,8 +88,14 @@ QString textvalue(const QSettings& settings, const QString& key)
     QString text = value.type() == QVariant::StringList ? value.toStringList().join(QStringLiteral(", "))
                                                         : value.toString();
     text.replace(atMark, QLatin1Char('@'));
-    // As QSettings writes a text that begins with "@".
-    return text.startsWith(QLatin1String("@@")) ? text.mid(1) : text;
+    // Texts that QSettings itself has written in a form of its own.
+    if (text.startsWith(QLatin1String("@@")))
+        return text.mid(1);
+    for (const QLatin1String form : {QLatin1String("@ByteArray("), QLatin1String("@String(")}) {
+        if (text.startsWith(form) && text.endsWith(QLatin1Char(')')))
+            return text.mid(form.size(), text.size() - form.size() - 1);
+    }
+    return text == QLatin1String("@Invalid()") ? QString() : text;
 }
 
 /// Copies every key of \a group into \a record.
@@ -115,9 +127,15 @@ std::optional<LightShow> readlightshow(const QString& path)
 {
     // A folder, pipe or device under this name is no show; reading a pipe could block for ever.
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || escapesat(file.readAll()))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    QSettings settings(path, QSettings::IniFormat);
+    // QSettings reads from files only, so one with such escapes is read from a copy.
+    const QByteArray bytes = file.readAll();
+    const QByteArray safe = withoutescapedat(bytes);
+    QTemporaryFile copy;
+    if (safe != bytes && !(copy.open() && copy.write(safe) == safe.size() && copy.flush()))
+        return std::nullopt;
+    QSettings settings(safe == bytes ? path : copy.fileName(), QSettings::IniFormat);
     settings.setIniCodec(inicodec());
 
     LightShow show;

@@ -18,11 +18,10 @@ constexpr int maxLivePages = 1000;
 constexpr int maxLiveButtons = 50000;
 
 /// Reads \a path (`Live/live.ini` of a show, INI format as QSettings reads it, objects excepted: their text
-/// is kept). Gives nothing when the file cannot be opened, and for one that hides an "@" in an escape, as
-/// only an attack does. Page and button groups that are missing give records with the generated keys only.
-/// Values are UTF-8 where their bytes are valid UTF-8, else Latin-1; Qt's escapes work in both. A value with
-/// unquoted commas comes through whole, its parts joined with ", ". Counts that are no number or do not fit
-/// 32 bits read as 0; the bounds above end reading early.
+/// is kept). Gives nothing when the file cannot be opened. Page and button groups that are missing give
+/// records with the generated keys only. Values are UTF-8 where their bytes are valid UTF-8, else Latin-1;
+/// Qt's escapes work in both. A value with unquoted commas comes through whole, its parts joined with ", ".
+/// Counts that are no number or do not fit 32 bits read as 0; the bounds above end reading early.
 std::optional<LightShow> readlightshow(const QString& path);
 
 /// The colour text of a hexadecimal number: "#" and \a color, filled up with "0" on the left to six digits

@@ -6,8 +6,6 @@
 #include <QColor>
 #include <QMimeData>
 
-#include <algorithm>
-
 namespace {
 
 /// The record key behind a role; null for roles without one.
@@ -56,9 +54,14 @@ int MyModel::rowCount(const QModelIndex& parent) const { return parent.isValid()
 
 int MyModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
 
+bool MyModel::contains(const QModelIndex& index) const
+{
+    return index.model() == this && index.row() < m_list.size() && index.column() == 0;
+}
+
 QVariant MyModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_list.size() || index.column() != 0)
+    if (!contains(index))
         return QVariant();
     const Record& record = m_list.at(index.row());
     switch (role) {
@@ -80,7 +83,7 @@ QVariant MyModel::data(const QModelIndex& index, int role) const
 
 bool MyModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!index.isValid() || index.row() >= m_list.size() || index.column() != 0)
+    if (!contains(index))
         return false;
     if (role == Qt::BackgroundRole)
         return true; // the background is always white; callers set it all the same
@@ -117,7 +120,7 @@ bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, in
     if (action == Qt::IgnoreAction)
         return true;
     const auto payload = decodepayload(data, PayloadOrigin + 1);
-    if (!payload || !parent.isValid() || parent.row() >= m_list.size())
+    if (!payload || !contains(parent))
         return false;
     const QModelIndex target = index(parent.row(), 0);
     setData(target, payload->fields.at(1), Qt::EditRole);
@@ -131,27 +134,12 @@ bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, in
 
 bool MyModel::insertRows(int row, int count, const QModelIndex& parent)
 {
-    if (parent.isValid() || row < 0 || row > m_list.size() || count < 1)
-        return false;
-    beginInsertRows(parent, row, row + count - 1);
-    const Record record = newrow();
-    for (int i = 0; i < count; ++i)
-        m_list.prepend(record);
-    endInsertRows();
-    return true;
+    return insertattop(&m_list, newrow(), row, count, parent);
 }
 
 bool MyModel::removeRows(int row, int count, const QModelIndex& parent)
 {
-    if (parent.isValid() || row < 0 || count < 0)
-        return false;
-    const int last = std::min(count, m_list.size() - row) + row - 1;
-    if (last < row)
-        return true;
-    beginRemoveRows(parent, row, last);
-    m_list.erase(m_list.begin() + row, m_list.begin() + last + 1);
-    endRemoveRows();
-    return true;
+    return removeexisting(&m_list, row, count, parent);
 }
 
 Qt::ItemFlags MyModel::flags(const QModelIndex& index) const

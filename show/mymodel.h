@@ -28,8 +28,8 @@ public:
     /// refuses drops, so only program code comes here.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
-    /// Announces rows \a row to \a row + \a count - 1, but puts the new records at the top of the list;
-    /// callers insert at 0 only. False, with nothing changed, for a position that no list has.
+    /// Puts the new rows at the top, whatever \a row says, and announces them at \a row, which callers give
+    /// as 0. False, with nothing changed, for a count below 1.
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Removes \a count records at \a row, as far as they exist.
     bool removeRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
@@ -45,5 +45,7 @@ signals:
     void ItemUnchecked(int index);
 
 private:
+    bool contains(const QModelIndex& index) const;
+
     QList<Record> m_list;
 };
