@@ -1,0 +1,203 @@
+// lumipad_manual TEXT.html PICTURES FILE.pdf: makes the manual. TEXT.html is in the subset of HTML that
+// QTextDocument reads; its images are looked for in the folder PICTURES, then beside the text. The file
+// depends on nothing but text, pictures and fonts, so an unchanged manual is an unchanged file.
+//
+// In the text, "{page:NAME}" stands for the number of the page with the anchor NAME.
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHash>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextStream>
+#include <QUrl>
+
+namespace {
+
+constexpr int resolution = 1200;
+constexpr double footerHeight = 0.035; // part of the height inside the margins
+
+/// The manual's text, whose images come from two folders.
+class ManualDocument : public QTextDocument
+{
+public:
+    explicit ManualDocument(const QStringList& folders) : m_folders(folders) {}
+
+    /// The images that were found in neither folder.
+    QStringList missing() const { return m_missing; }
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        for (const QString& folder : qAsConst(m_folders)) {
+            const QImage image(folder + QLatin1Char('/') + name.toString());
+            if (type == ImageResource && !image.isNull())
+                return image;
+        }
+        if (!m_missing.contains(name.toString()))
+            m_missing.append(name.toString());
+        return QVariant();
+    }
+
+private:
+    QStringList m_folders;
+    QStringList m_missing;
+};
+
+/// The page on which the first line of \a block stands.
+int firstpage(const QTextBlock& block)
+{
+    const QTextDocument& document = *block.document();
+    const QRectF line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).rect() : QRectF();
+    const qreal top = document.documentLayout()->blockBoundingRect(block).top() + line.top();
+    // The middle of the line: rounding may put its upper edge a hair above the page.
+    return int((top + line.height() / 2) / document.pageSize().height()) + 1;
+}
+
+void breakbefore(const QTextBlock& block)
+{
+    QTextBlockFormat format = block.blockFormat();
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(block).setBlockFormat(format);
+}
+
+bool haspicture(const QTextBlock& block)
+{
+    return block.begin() != block.end() && block.begin().fragment().charFormat().isImageFormat();
+}
+
+/// Moves a heading that would end its page to the next one, where its text is. A picture that has gone to the
+/// next page by itself would leave its first lines of pixels behind, so it is moved too.
+void keeptogether(QTextDocument* document)
+{
+    for (QTextBlock block = document->begin(); block.next().isValid(); block = block.next()) {
+        if (firstpage(block) == firstpage(block.next()))
+            continue;
+        if (block.blockFormat().headingLevel() > 0)
+            breakbefore(block);
+        else if (haspicture(block.next()))
+            breakbefore(block.next());
+    }
+}
+
+QHash<QString, int> anchorpages(const QTextDocument& document)
+{
+    QHash<QString, int> pages;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QStringList names = part.fragment().charFormat().anchorNames();
+            for (const QString& name : names)
+                pages.insert(name, firstpage(block));
+        }
+    }
+    return pages;
+}
+
+void layout(ManualDocument* document, const QString& html, QPdfWriter* writer)
+{
+    document->documentLayout()->setPaintDevice(writer);
+    document->setDocumentMargin(0);
+    document->setHtml(html);
+    document->setPageSize(QSizeF(writer->width(), writer->height() * (1 - footerHeight)));
+    keeptogether(document);
+    // What follows a changed block has to move too.
+    document->markContentsDirty(0, document->characterCount());
+    document->documentLayout()->documentSize();
+}
+
+void paint(ManualDocument* document, QPdfWriter* writer)
+{
+    QPainter painter(writer);
+    // Pictures of a window show every pixel; JPEG would smear its thin lines.
+    painter.setRenderHint(QPainter::LosslessImageRendering);
+    const QSizeF size = document->pageSize();
+    for (int page = 0; page < document->pageCount(); ++page) {
+        if (page > 0)
+            writer->newPage();
+        const QRectF part(QPointF(0, page * size.height()), size);
+        painter.save();
+        painter.translate(0, -part.top());
+        painter.setClipRect(part);
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.clip = part;
+        context.palette.setColor(QPalette::Text, QColor(0x22, 0x22, 0x22));
+        document->documentLayout()->draw(&painter, context);
+        painter.restore();
+
+        painter.setFont(QFont(QStringLiteral("Liberation Sans"), 8));
+        painter.setPen(QColor(0x80, 0x80, 0x80));
+        const QRectF footer(0, size.height(), size.width(), writer->height() - size.height());
+        painter.drawText(footer, Qt::AlignLeft | Qt::AlignBottom,
+                         document->metaInformation(QTextDocument::DocumentTitle));
+        painter.drawText(footer, Qt::AlignRight | Qt::AlignBottom,
+                         QStringLiteral("%1 / %2").arg(page + 1).arg(document->pageCount()));
+    }
+}
+
+/// The PDF, or the sentence that tells why there is none.
+QString makemanual(const QString& textfile, const QString& pictures, const QString& target)
+{
+    QFile source(textfile);
+    if (!source.open(QIODevice::ReadOnly))
+        return QStringLiteral("cannot read %1").arg(textfile);
+    QString html = QString::fromUtf8(source.readAll());
+
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    ManualDocument document({pictures, QFileInfo(textfile).path()});
+    {
+        QPdfWriter writer(&pdf);
+        writer.setResolution(resolution);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        writer.setPageMargins(QMarginsF(22, 20, 22, 14), QPageLayout::Millimeter);
+        writer.setTitle(QStringLiteral("Lumipad manual"));
+        writer.setCreator(QStringLiteral("Lumipad"));
+
+        layout(&document, html, &writer);
+        const QHash<QString, int> pages = anchorpages(document);
+        for (auto page = pages.begin(); page != pages.end(); ++page)
+            html.replace(QStringLiteral("{page:%1}").arg(page.key()), QString::number(page.value()));
+        if (html.contains(QLatin1String("{page:")))
+            return QStringLiteral("a {page:…} of %1 names no anchor").arg(textfile);
+        layout(&document, html, &writer);
+        paint(&document, &writer);
+    }
+    if (!document.missing().isEmpty())
+        return QStringLiteral("pictures are missing: %1").arg(document.missing().join(QLatin1String(", ")));
+
+    // One date for all runs, as long as the true one, so that no position in the file moves.
+    QByteArray bytes = pdf.data();
+    const QByteArray key = QByteArrayLiteral("/CreationDate (D:");
+    const QByteArray date = QByteArrayLiteral("20200101000000");
+    const int at = bytes.indexOf(key);
+    if (at >= 0)
+        bytes.replace(at + key.size(), date.size(), date);
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly))
+        return QStringLiteral("cannot write %1").arg(target);
+    file.write(bytes);
+    return file.commit() ? QString() : QStringLiteral("cannot write %1").arg(target);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The fonts go into the file in the order of a hash table.
+    qSetGlobalQHashSeed(0);
+    QGuiApplication app(argc, argv);
+    const QStringList words = QGuiApplication::arguments();
+    const QString trouble = words.size() == 4
+                                ? makemanual(words.at(1), words.at(2), words.at(3))
+                                : QStringLiteral("needs a text, a folder of pictures and a file to make");
+    if (trouble.isEmpty())
+        return 0;
+    QTextStream(stderr) << "lumipad_manual: " << trouble << ".\n";
+    return 1;
+}
