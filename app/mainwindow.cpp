@@ -103,6 +103,8 @@ MainWindow::MainWindow(QWidget* parent)
     placeoutput(false, padsWindowWidth);
 
     messageBoxStyle = Style::messageBox();
+    // Filling the device choice has moved the focus; a key typed now must not change a name.
+    ui->loadini->setFocus();
 }
 
 MainWindow::~MainWindow() = default;
@@ -246,8 +248,16 @@ void MainWindow::on_radio_outputmidi_clicked()
 /// Takes over a name or text that is still being typed: a key or menu entry leaves the focus where it is.
 void MainWindow::finishediting()
 {
-    if (QWidget* edit = focusWidget())
-        edit->clearFocus();
+    // The editor of a pad's text is a line edit too.
+    auto* edit = qobject_cast<QLineEdit*>(focusWidget());
+    if (!edit)
+        return;
+    edit->clearFocus();
+    // In a window that is not active no edit notices that it lost the focus.
+    if (edit == ui->bankname)
+        on_bankname_editingFinished();
+    else if (edit == ui->padsname)
+        on_padsname_editingFinished();
 }
 
 bool MainWindow::projectempty()

@@ -23,9 +23,8 @@ class MainWindow;
 }
 
 /// The application: all state, and every user action as a slot, invocable by name. A slot gathers from the
-/// widgets, calls the room that knows how, and shows the result. Subjects by file: construction, output mode
-/// and guards in mainwindow.cpp, light show and list in mainwindow_show.cpp, pads page and export in
-/// mainwindow_pads.cpp.
+/// widgets, calls the room that knows how, and shows the result. Construction, output mode and guards are
+/// in mainwindow.cpp; every other subject has a file of its own, mainwindow_<subject>.cpp.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT

@@ -27,6 +27,8 @@ void MainWindow::CheckChanged(int index, int) { markrow(index); }
 
 void MainWindow::CheckChangedCon(int index, int to, int col)
 {
+    if (!dmxModel->index(index, 0).isValid())
+        return;
     markrow(index);
     ui->tablecontroller->setFocus();
     ui->tablecontroller->setCurrentIndex(controllerModel->index(to, col));

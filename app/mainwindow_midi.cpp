@@ -35,7 +35,7 @@ void offercolors(QComboBox* combo, const QStringList& colors, const QString& cur
         swatch.fill(QColor(colors.at(item)));
         combo->setItemData(item, swatch, Qt::DecorationRole);
     }
-    combo->setCurrentIndex(current.toInt() < combo->count() ? current.toInt() : -1);
+    combo->setCurrentIndex(current.toInt());
     combo->setIconSize(QSize(20, 20));
 }
 

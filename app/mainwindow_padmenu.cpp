@@ -45,6 +45,10 @@ void MainWindow::customMenuRequested(QPoint pos)
     if (!cell.isValid())
         return;
     menuIndex = cell;
+    // A cell that the device does not have cannot be selected; the menu must not reach what was selected
+    // before.
+    if (!cell.flags().testFlag(Qt::ItemIsEnabled))
+        ui->tablecontroller->clearSelection();
 
     QMenu* menu = newmenu();
     if (cell.data(ItemRole::Id).toInt() >= 0) {
@@ -96,7 +100,7 @@ void MainWindow::setpads(int role, const QString& value)
 
 void MainWindow::setpadcolor(int role, int n)
 {
-    setpads(role, n == 0 ? QString() : ::palette(devices.value(currentDevice)).value(n - 1));
+    setpads(role, n < 1 ? QString() : ::palette(devices.value(currentDevice)).value(n - 1));
 }
 
 void MainWindow::colorpadchange(int n) { setpadcolor(ItemRole::ColorOff, n); }

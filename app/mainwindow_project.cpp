@@ -9,15 +9,14 @@
 #include "textfile.h"
 #include "ui_mainwindow.h"
 #include "vdjmodel.h"
+#include "xmlelements.h"
 
+#include <QColor>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 
 namespace {
-
-/// Far above any real project (some ten kilobytes), and small enough to be parsed at once.
-constexpr int maxProjectSize = 8 * 1024 * 1024;
 
 QString projectfilter() { return QStringLiteral("OS2L Projects (*.os2l)"); }
 
@@ -42,17 +41,19 @@ QVector<Attribute> cellattributes(bool midi)
     return attributes << Attribute{Key::color(), Qt::DecorationRole};
 }
 
-/// Every cell of \a grid, row by row. The colour reads as "#rrggbb".
+/// Every cell of \a grid, row by row.
 QList<Record> cellsof(const QAbstractItemModel& grid, bool midi)
 {
+    const auto attributes = cellattributes(midi);
     QList<Record> keys;
     for (int row = 0; row < grid.rowCount(); ++row) {
         for (int column = 0; column < grid.columnCount(); ++column) {
+            const QModelIndex cell = grid.index(row, column);
             Record key{{QStringLiteral("row"), QString::number(row)},
                        {QStringLiteral("column"), QString::number(column)}};
-            const auto attributes = cellattributes(midi);
             for (const Attribute& attribute : attributes)
-                key.insert(attribute.key, grid.index(row, column).data(attribute.role).toString());
+                key.insert(attribute.key, cell.data(attribute.role).toString());
+            key.insert(Key::color(), cell.data(Qt::DecorationRole).value<QColor>().name());
             keys.append(key);
         }
     }
@@ -143,7 +144,7 @@ bool MainWindow::loadproject()
                                                       projectsPath, projectfilter());
     QFile file(path);
     // A pipe or device under this name is no project; reading it could block for ever.
-    if (!QFileInfo(path).isFile() || file.size() > maxProjectSize ||
+    if (!QFileInfo(path).isFile() || file.size() > maxXmlSize ||
         !file.open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
     const Project project = readproject(file.readAll());
@@ -177,6 +178,12 @@ bool MainWindow::loadproject()
 /// Reads the show of a project and puts back everything but the cells.
 void MainWindow::restoreproject(const Record& head)
 {
+    // A show that exists but cannot be read leaves an empty list and empty grids, not those of another show.
+    cleanDMX();
+    cleanVDJ();
+    cleanMIDI();
+    initpadlist();
+    resetbanks();
     showName = head.value(QStringLiteral("showname"));
     loadshowname(head.value(QStringLiteral("show")));
 

@@ -14,13 +14,13 @@ bool isavailable(int row, int col, const Record& device)
         return false;
     // Rows before columns: in the corners (0, 11) and (11, 11) the top and bottom sides decide.
     if (row == Grid::LastSide)
-        return sidehas(col, device.value(QStringLiteral("bottom")));
+        return sidehas(col, device.value(Key::bottom()));
     if (row == Grid::FirstSide)
-        return sidehas(col, device.value(QStringLiteral("top")));
+        return sidehas(col, device.value(Key::top()));
     if (col == Grid::LastSide)
-        return sidehas(row, device.value(QStringLiteral("right")));
+        return sidehas(row, device.value(Key::right()));
     if (col == Grid::FirstSide)
-        return sidehas(row, device.value(QStringLiteral("left")));
+        return sidehas(row, device.value(Key::left()));
     return true;
 }
 

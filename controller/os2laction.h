@@ -8,6 +8,7 @@
 QString xmlparse(const QString& text);
 
 /// Gives back the factory action behind an \a action that `mapperxml` has wrapped in a test of `$os2l`, so
-/// that exporting from an exported file does not wrap it twice. Any other action passes unchanged. Lost are
-/// the action of a switch control and a LED action of one word ("off"), which come back empty.
+/// that exporting from an exported file does not wrap it twice. Any other action passes unchanged.
+/// Not everything can be told apart: the switch control's action comes back empty and its LED dark, and a LED
+/// action without " : " ("off") is lost behind a Live Button that does not blink.
 QString removeos2l(const QString& action);

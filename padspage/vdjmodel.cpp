@@ -53,7 +53,7 @@ int VDJModel::columnCount(const QModelIndex& parent) const { return parent.isVal
 
 bool VDJModel::contains(const QModelIndex& index) const
 {
-    return index.model() == this && index.row() < m_list.size() &&
+    return index.isValid() && index.model() == this && index.row() < m_list.size() &&
            index.column() < m_list.at(index.row()).size();
 }
 

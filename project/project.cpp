@@ -1,6 +1,7 @@
 #include "project.h"
 
-#include <QDomDocument>
+#include "xmlelements.h"
+
 #include <QStringList>
 
 namespace {
@@ -36,20 +37,6 @@ QString attributetext(const QStringList& names, const Record& values)
     return text;
 }
 
-QList<Record> attributesof(const QDomDocument& document, const QString& tag)
-{
-    QList<Record> records;
-    const QDomNodeList elements = document.elementsByTagName(tag);
-    for (int i = 0; i < elements.count(); ++i) {
-        Record record;
-        const QDomNamedNodeMap attributes = elements.item(i).attributes();
-        for (int k = 0; k < attributes.count(); ++k)
-            record.insert(attributes.item(k).nodeName(), attributes.item(k).nodeValue());
-        records.append(record);
-    }
-    return records;
-}
-
 } // namespace
 
 // Plain joining, not QString::arg: a name may hold "%1", and arg would take it for a place to fill.
@@ -66,7 +53,10 @@ QString projectxml(const Project& project)
 
 Project readproject(const QByteArray& text)
 {
-    QDomDocument document;
-    document.setContent(text); // whether it is whole does not matter: what was read counts
-    return {attributesof(document, QStringLiteral("project")), attributesof(document, QStringLiteral("key"))};
+    const QString head = QStringLiteral("project");
+    const auto elements = elementsof(text, {head, QStringLiteral("key")}, Malformed::WhatWasRead);
+    Project project;
+    for (const XmlElement& element : elements)
+        (element.tag == head ? project.projects : project.keys).append(element.attributes);
+    return project;
 }

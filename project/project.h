@@ -20,5 +20,6 @@ struct Project
 /// escaping: one with a double quote, "&" or "<" gives a file that cannot be read whole.
 QString projectxml(const Project& project);
 
-/// Reads the elements of a project file, in document order. A malformed file gives those ahead of the error.
+/// Reads the elements of a project file, in document order. A malformed file gives those that are whole ahead
+/// of the error; one that `elementsof` does not read gives none.
 Project readproject(const QByteArray& text);

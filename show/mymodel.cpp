@@ -56,7 +56,7 @@ int MyModel::columnCount(const QModelIndex& parent) const { return parent.isVali
 
 bool MyModel::contains(const QModelIndex& index) const
 {
-    return index.model() == this && index.row() < m_list.size() && index.column() == 0;
+    return index.isValid() && index.model() == this && index.row() < m_list.size() && index.column() == 0;
 }
 
 QVariant MyModel::data(const QModelIndex& index, int role) const

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 
 #include <csignal>
 #include <memory>
@@ -136,7 +137,7 @@ struct ExportWindow
             window.child<QAction>("actionExport")->trigger();
             break;
         case Road::Keys:
-            QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
+            QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
             break;
         case Road::Slot:
             QMetaObject::invokeMethod(&window, "on_actionExport_triggered");
@@ -213,6 +214,8 @@ private slots:
     void writesThePadsPage();
     void writesTheBanksThatAreUsedInColumnTwoOnly();
     void writesSixteenPadsAndEveryNameAsItStands();
+    void writesNamesThatAreStillBeingTyped_data();
+    void writesNamesThatAreStillBeingTyped();
     void writesWhatTheWindowShowsNow();
     void writesMissingBankNamesAsEmpty();
     void tellsWhetherThePageWasWritten_data();
@@ -330,6 +333,56 @@ void ExportTest::writesSixteenPadsAndEveryNameAsItStands()
     CHECK(compareCreated(session.exportanswering({ok()}).value(0), name));
     QCOMPARE(session.files(), QStringList({name + ".xml"}));
     QCOMPARE(contents(session.path(name + ".xml")), golden("sixteen-pads.xml"));
+}
+
+void ExportTest::writesNamesThatAreStillBeingTyped_data()
+{
+    QTest::addColumn<Road>("road");
+    QTest::newRow("menu") << Road::Menu;
+    QTest::newRow("keys") << Road::Keys;
+    QTest::newRow("slot") << Road::Slot;
+}
+
+void ExportTest::writesNamesThatAreStillBeingTyped()
+{
+    QFETCH(Road, road);
+    ExportWindow session;
+    session.home.makepadsfolder();
+    session.putTwoBanks();
+    QVERIFY(session.window.showready());
+    const auto type = [&session](const char* edit, const QString& text) {
+        auto* line = session.window.child<QLineEdit>(edit);
+        line->setFocus();
+        line->selectAll();
+        QTest::keyClick(line, Qt::Key_Backspace);
+        QTest::keyClicks(line, text);
+    };
+    type("bankname", QStringLiteral("Drops"));
+    CHECK(compareCreated(session.exportanswering({ok()}, road).value(0), "OS2L DMX"));
+    QCOMPARE(session.window.banks.at(0), QString("Drops"));
+    QVERIFY(contents(session.path("OS2L DMX.xml")).contains("get_text &apos;Drops&apos;"));
+
+    // An emptied page name is put back before it can become the file's name.
+    QVERIFY(session.window.showready());
+    type("padsname", QString());
+    const QList<ShownDialog> shown = session.exportanswering({Answers::press(QMessageBox::Yes), ok()}, road);
+    QCOMPARE(shown.size(), 2);
+    CHECK(compareCreated(shown.at(1), "OS2L DMX"));
+    QCOMPARE(session.files(), QStringList({"OS2L DMX.xml"}));
+
+    // So does the text of a pad whose editor is open.
+    QVERIFY(session.window.showready());
+    auto* pads = session.window.child<QTableView>("vdjlistview");
+    pads->setFocus();
+    pads->setCurrentIndex(session.window.vdjModel->index(0, 0));
+    pads->edit(session.window.vdjModel->index(0, 0));
+    QLineEdit* editor = pads->viewport()->findChild<QLineEdit*>();
+    QVERIFY(editor);
+    editor->setFocus();
+    editor->selectAll();
+    QTest::keyClicks(editor, QStringLiteral("BOOM"));
+    session.exportanswering({Answers::press(QMessageBox::Yes), ok()}, road);
+    QVERIFY(contents(session.path("OS2L DMX.xml")).contains("get_text &apos;BOOM&apos;"));
 }
 
 void ExportTest::writesWhatTheWindowShowsNow()

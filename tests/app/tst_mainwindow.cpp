@@ -154,7 +154,8 @@ private slots:
     void exitAsksOnlyOnce();
     void loadingAsksBeforeWorkIsReplaced_data();
     void loadingAsksBeforeWorkIsReplaced();
-    void replaceQuestionIsWordedAndItsSaveIsDisabled();
+    void replaceQuestionIsWorded();
+    void replaceQuestionAnsweredWithSaveSavesFirst();
     void menuAndButtonLoadAlike();
 
     void newProjectClearsPadsAndMarks();
@@ -176,9 +177,10 @@ private slots:
     void rowsAreFilledFromTheButtons();
     void buttonsOfAPageAreCounted();
 
-    void unfinishedCommandsAreDisabled();
+    void onlyTheCommandWithoutAnEffectIsDisabled();
     void keysTriggerTheirActions_data();
     void keysTriggerTheirActions();
+    void noKeyThrowsTheWorkAway();
     void keyOfADisabledActionDoesNothing();
     void menuShowsNoKeys();
     void tabVisitsEveryControl_data();
@@ -655,29 +657,37 @@ void MainWindowTest::loadingAsksBeforeWorkIsReplaced()
     QCOMPARE(titles(window).size(), 5);
 }
 
-void MainWindowTest::replaceQuestionIsWordedAndItsSaveIsDisabled()
+void MainWindowTest::replaceQuestionIsWorded()
 {
     const TestHome home;
     TestWindow window;
     QVERIFY(window.showready());
     prepare(&window, home, Work::FilledPads);
-    const Dialogs dialogs({Answers::looking(
-        [](QDialog* dialog) {
-            auto* box = qobject_cast<QMessageBox*>(dialog);
-            QVERIFY(box);
-            QTest::mouseClick(box->button(QMessageBox::Save), Qt::LeftButton);
-            QVERIFY(box->isVisible());
-        },
-        Answers::press(QMessageBox::Cancel))});
+    const Dialogs dialogs({Answers::press(QMessageBox::Cancel)});
     click(window, "loadini");
     const ShownDialog box = dialogs.at(0);
     QCOMPARE(box.text, replaceText);
     QCOMPARE(box.informativeText, QString());
     QCOMPARE(box.buttons, QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel);
-    QCOMPARE(box.disabledButtons, QMessageBox::StandardButtons(QMessageBox::Save));
+    QCOMPARE(box.disabledButtons, QMessageBox::StandardButtons());
     QCOMPARE(box.defaultButton, QMessageBox::Cancel);
     QCOMPARE(box.styleSheet, window.messageBoxStyle);
     QCOMPARE(box.parent, nullptr);
+}
+
+void MainWindowTest::replaceQuestionAnsweredWithSaveSavesFirst()
+{
+    const TestHome home;
+    TestWindow window;
+    QVERIFY(window.showready());
+    prepare(&window, home, Work::FilledPads);
+    const QString other = writeshow(home, QStringLiteral("Other"));
+    // Whatever becomes of the saving, the show is chosen afterwards.
+    const Dialogs dialogs(
+        {Answers::press(QMessageBox::Save), Answers::key(Qt::Key_Escape), Answers::choose(other)});
+    click(window, "loadini");
+    QCOMPARE(dialogs.at(1).title, QStringLiteral("Save your Lumipad Project"));
+    QCOMPARE(window.showName, QStringLiteral("Other"));
 }
 
 void MainWindowTest::menuAndButtonLoadAlike()
@@ -1025,25 +1035,18 @@ void MainWindowTest::buttonsOfAPageAreCounted()
     QCOMPARE(window.buttonsperpage(-1), 0);
 }
 
-void MainWindowTest::unfinishedCommandsAreDisabled()
+void MainWindowTest::onlyTheCommandWithoutAnEffectIsDisabled()
 {
     const TestHome home;
     TestWindow window;
-    const QStringList unfinished{
-        QStringLiteral("actionAbout"),  QStringLiteral("actionAbout_2"), QStringLiteral("actionLoad_Project"),
-        QStringLiteral("actionManual"), QStringLiteral("actionSave"),    QStringLiteral("actionSave_2"),
-    };
     QStringList disabled;
     const auto actions = window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
     for (const QAction* action : actions)
         if (!action->isEnabled())
             disabled.append(action->objectName());
-    disabled.sort();
-    QCOMPARE(disabled, unfinished);
-    QVERIFY(!window.child<QPushButton>("cleanpads_button")->isEnabled());
-    QVERIFY(!window.child<QPushButton>("cleanmidi_button")->isEnabled());
-    QVERIFY(window.child<QPushButton>("loadini")->isEnabled());
-    QVERIFY(window.child<QPushButton>("pushButton_2")->isEnabled());
+    QCOMPARE(disabled, QStringList({QStringLiteral("actionSave")}));
+    for (const char* button : {"loadini", "pushButton_2", "cleanpads_button", "cleanmidi_button"})
+        QVERIFY2(window.child<QPushButton>(button)->isEnabled(), button);
 }
 
 void MainWindowTest::keysTriggerTheirActions_data()
@@ -1051,12 +1054,15 @@ void MainWindowTest::keysTriggerTheirActions_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<QByteArray>("action");
     QTest::addColumn<QList<Answer>>("answers");
-    QTest::newRow("open") << int(Qt::Key_O) << QByteArray("actionNew")
-                          << QList<Answer>{Answers::key(Qt::Key_Escape)};
-    QTest::newRow("new") << int(Qt::Key_N) << QByteArray("actionNew_2") << QList<Answer>();
-    QTest::newRow("export") << int(Qt::Key_E) << QByteArray("actionExport")
-                            << QList<Answer>{Answers::press(QMessageBox::Ok)};
-    QTest::newRow("quit") << int(Qt::Key_Q) << QByteArray("actionExit") << QList<Answer>();
+    const Answer escape = Answers::key(Qt::Key_Escape);
+    const Answer ok = Answers::press(QMessageBox::Ok);
+    QTest::newRow("open") << int(Qt::CTRL + Qt::Key_O) << QByteArray("actionNew") << QList<Answer>{escape};
+    QTest::newRow("open a project") << int(Qt::CTRL + Qt::SHIFT + Qt::Key_O)
+                                    << QByteArray("actionLoad_Project") << QList<Answer>{escape, ok};
+    QTest::newRow("save") << int(Qt::CTRL + Qt::Key_S) << QByteArray("actionSave_2") << QList<Answer>{ok};
+    QTest::newRow("export") << int(Qt::CTRL + Qt::SHIFT + Qt::Key_E) << QByteArray("actionExport")
+                            << QList<Answer>{ok};
+    QTest::newRow("quit") << int(Qt::CTRL + Qt::Key_Q) << QByteArray("actionExit") << QList<Answer>();
 }
 
 void MainWindowTest::keysTriggerTheirActions()
@@ -1067,11 +1073,24 @@ void MainWindowTest::keysTriggerTheirActions()
     const TestHome home;
     TestWindow window;
     QVERIFY(window.showready());
+    // With the cursor in a name, as after typing it.
+    window.child<QLineEdit>("padsname")->setFocus();
     const QSignalSpy triggered(window.child<QAction>(action.constData()), &QAction::triggered);
     const Dialogs dialogs(answers);
-    QTest::keyClick(&window, static_cast<Qt::Key>(key), Qt::ControlModifier);
+    const auto modifiers = Qt::KeyboardModifiers(QFlag(key & int(Qt::KeyboardModifierMask)));
+    QTest::keyClick(&window, static_cast<Qt::Key>(key & ~int(Qt::KeyboardModifierMask)), modifiers);
     QCOMPARE(triggered.count(), 1);
-    QCOMPARE(window.isVisible(), key != Qt::Key_Q);
+    QCOMPARE(window.isVisible(), action != "actionExit");
+}
+
+void MainWindowTest::noKeyThrowsTheWorkAway()
+{
+    const TestHome home;
+    TestWindow window;
+    QVERIFY(window.showready());
+    const QSignalSpy emptied(window.child<QAction>("actionNew_2"), &QAction::triggered);
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(emptied.count(), 0);
 }
 
 void MainWindowTest::keyOfADisabledActionDoesNothing()
@@ -1079,16 +1098,15 @@ void MainWindowTest::keyOfADisabledActionDoesNothing()
     const TestHome home;
     TestWindow window;
     QVERIFY(window.showready());
-    const QSignalSpy saved(window.child<QAction>("actionSave_2"), &QAction::triggered);
-    const QSignalSpy manual(window.child<QAction>("actionManual"), &QAction::triggered);
+    auto* save = window.child<QAction>("actionSave_2");
+    const QSignalSpy saved(save, &QAction::triggered);
+    save->setEnabled(false);
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
-    QTest::keyClick(&window, Qt::Key_F1);
     QCOMPARE(saved.count(), 0);
-    QCOMPARE(manual.count(), 0);
-    // Once they work, their keys work.
-    window.child<QAction>("actionManual")->setEnabled(true);
-    QTest::keyClick(&window, Qt::Key_F1);
-    QCOMPARE(manual.count(), 1);
+    save->setEnabled(true);
+    const Dialogs dialogs({Answers::press(QMessageBox::Ok)});
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saved.count(), 1);
 }
 
 void MainWindowTest::menuShowsNoKeys()
@@ -1107,15 +1125,15 @@ void MainWindowTest::tabVisitsEveryControl_data()
 {
     QTest::addColumn<bool>("midi");
     QTest::addColumn<QString>("road");
-    QTest::newRow("pads page")
-        << false
-        << QStringLiteral(
-               "loadini combobox dmxlistview radio_outputpage radioButton_8pads bankcombo bankname "
-               "vdjlistview padsname pushButton_2");
+    QTest::newRow("pads page") << false
+                               << QStringLiteral("loadini combobox dmxlistview radio_outputpage "
+                                                 "radioButton_8pads cleanpads_button bankcombo bankname "
+                                                 "vdjlistview padsname pushButton_2");
     QTest::newRow("MIDI mapping")
         << true
-        << QStringLiteral("loadini combobox dmxlistview radio_outputmidi devicescombo mididevices "
-                          "combo_offcolor combo_oncolor tablecontroller padsname pushButton_2");
+        << QStringLiteral(
+               "loadini combobox dmxlistview radio_outputmidi devicescombo mididevices "
+               "combo_offcolor combo_oncolor cleanmidi_button tablecontroller padsname pushButton_2");
 }
 
 void MainWindowTest::tabVisitsEveryControl()

@@ -231,6 +231,8 @@ private slots:
     void namesTheFirstColumnOnly();
     void addsEmptyCells();
     void addsRowsOnTopWhateverTheRow();
+    void addsRowsAtTheTopForAnyRow_data();
+    void addsRowsAtTheTopForAnyRow();
     void refusesToAddRowsWhereNoneCanBe_data();
     void refusesToAddRowsWhereNoneCanBe();
     void removesAllRows();
@@ -536,13 +538,34 @@ void ControllerTest::addsRowsOnTopWhateverTheRow()
     QCOMPARE(rowNames(*model), QString("   0 1 2 3"));
 }
 
+void ControllerTest::addsRowsAtTheTopForAnyRow_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("announced");
+    QTest::newRow("before the top") << -1 << 0;
+    QTest::newRow("far before the top") << INT_MIN << 0;
+    QTest::newRow("beyond the end") << 5 << 4;
+    QTest::newRow("far beyond the end") << INT_MAX << 4;
+}
+
+void ControllerTest::addsRowsAtTheTopForAnyRow()
+{
+    QFETCH(int, row);
+    QFETCH(int, announced);
+    const auto model = numbered(4);
+    QSignalSpy spy(model.get(), &QAbstractItemModel::rowsAboutToBeInserted);
+    QVERIFY(model->insertRows(row, 1));
+    QCOMPARE(rowNames(*model), QString(" 0 1 2 3"));
+    // Views know no row beyond the last.
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.at(0).at(1).toInt(), announced);
+    QCOMPARE(spy.at(0).at(2).toInt(), announced);
+}
+
 void ControllerTest::refusesToAddRowsWhereNoneCanBe_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("count");
-    QTest::newRow("negative row") << -1 << 1;
-    QTest::newRow("row past the end") << 5 << 1;
-    QTest::newRow("row far past the end") << INT_MAX << 1;
     QTest::newRow("no rows") << 0 << 0;
     QTest::newRow("negative count") << 0 << -3;
     QTest::newRow("least count") << 4 << INT_MIN;

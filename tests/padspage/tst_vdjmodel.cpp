@@ -192,6 +192,8 @@ private slots:
     void addsEmptyRows();
     void addsRowsOnTopWhateverTheRow_data();
     void addsRowsOnTopWhateverTheRow();
+    void addsRowsAtTheTopForAnyRow_data();
+    void addsRowsAtTheTopForAnyRow();
     void refusesToAddRowsWhereNoneCanBe_data();
     void refusesToAddRowsWhereNoneCanBe();
     void removesTheRowsThatExist_data();
@@ -600,13 +602,34 @@ void VDJModelTest::addsRowsOnTopWhateverTheRow()
     QCOMPARE(spy.at(0).at(2).toInt(), row + 1);
 }
 
+void VDJModelTest::addsRowsAtTheTopForAnyRow_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("announced");
+    QTest::newRow("before the top") << -1 << 0;
+    QTest::newRow("far before the top") << INT_MIN << 0;
+    QTest::newRow("beyond the end") << 4 << 3;
+    QTest::newRow("far beyond the end") << INT_MAX << 3;
+}
+
+void VDJModelTest::addsRowsAtTheTopForAnyRow()
+{
+    QFETCH(int, row);
+    QFETCH(int, announced);
+    VDJModel model(numberedRows(3), nullptr);
+    QSignalSpy spy(&model, &QAbstractItemModel::rowsAboutToBeInserted);
+    QVERIFY(model.insertRows(row, 1));
+    QCOMPARE(rowNames(model), QString("1 0 1 2"));
+    // Views know no row beyond the last.
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.at(0).at(1).toInt(), announced);
+    QCOMPARE(spy.at(0).at(2).toInt(), announced);
+}
+
 void VDJModelTest::refusesToAddRowsWhereNoneCanBe_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("count");
-    QTest::newRow("before the top") << -1 << 1;
-    QTest::newRow("beyond the end") << 4 << 1;
-    QTest::newRow("far away") << INT_MAX << 1;
     QTest::newRow("no rows") << 0 << 0;
     QTest::newRow("fewer than none") << 0 << -1;
     QTest::newRow("far fewer") << 0 << INT_MIN;

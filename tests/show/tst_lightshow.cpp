@@ -149,8 +149,8 @@ private slots:
     // A title that QSettings takes for a stored object. Last, as failing here means to end.
     void aStoredObjectInATitleHarmsNothingElse_data();
     void aStoredObjectInATitleHarmsNothingElse();
-    void anEscapedAtSignRefusesTheFile_data();
-    void anEscapedAtSignRefusesTheFile();
+    void anAtSignIsPlainTextInEveryForm_data();
+    void anAtSignIsPlainTextInEveryForm();
 
     void cleanupTestCase();
 
@@ -879,34 +879,45 @@ void TestLightShow::aStoredObjectInATitleHarmsNothingElse()
     QCOMPARE(show.buttons.at(1).value("title"), QString("Strobe"));
 }
 
-void TestLightShow::anEscapedAtSignRefusesTheFile_data()
+void TestLightShow::anAtSignIsPlainTextInEveryForm_data()
 {
-    QTest::addColumn<QByteArray>("title");
-    QTest::addColumn<bool>("refused");
-    QTest::newRow("hexadecimal") << QByteArray("\\x40Home") << true;
-    QTest::newRow("hexadecimal, filled up") << QByteArray("\\x0040Home") << true;
-    QTest::newRow("hexadecimal, beyond 16 bits") << QByteArray("\\x10040Home") << true;
-    QTest::newRow("hexadecimal, far beyond") << QByteArray("\\xabcdef0123450040Home") << true;
-    QTest::newRow("octal") << QByteArray("\\100Home") << true;
-    QTest::newRow("octal, beyond 16 bits") << QByteArray("\\200100Home") << true;
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("hexadecimal") << QByteArray("\\x40Home") << "@Home";
+    QTest::newRow("hexadecimal, filled up") << QByteArray("\\x0040Home") << "@Home";
+    QTest::newRow("hexadecimal, beyond 16 bits") << QByteArray("\\x10040Home") << "@Home";
+    QTest::newRow("hexadecimal, far beyond") << QByteArray("\\xabcdef0123450040Home") << "@Home";
+    QTest::newRow("octal") << QByteArray("\\100Home") << "@Home";
+    QTest::newRow("octal, beyond 16 bits") << QByteArray("\\200100Home") << "@Home";
+    QTest::newRow("octal, before a letter that is a hexadecimal digit") << QByteArray("\\100able") << "@able";
+    QTest::newRow("in the middle") << QByteArray("Red\\x40Home") << "Red@Home";
+    QTest::newRow("two of them") << QByteArray("\\x40\\x40Home") << "@Home";
     QTest::newRow("an object, every letter escaped")
         << QByteArray("\\x40\\x56\\x61\\x72\\x69\\x61\\x6e\\x74\\x28\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)")
-        << true;
-    QTest::newRow("behind a NUL") << bytesOf("x\0\\x40Size(3 4)") << true;
-    QTest::newRow("behind an escaped backslash") << QByteArray("\\\\\\x40Home") << true;
-    QTest::newRow("its digits behind an escaped backslash") << QByteArray("C:\\\\x40") << false;
-    QTest::newRow("another letter") << QByteArray("\\x41Home") << false;
-    QTest::newRow("a letter with the same last digits") << QByteArray("\\x140Home") << false;
-    QTest::newRow("not escaped") << QByteArray("@Home") << false;
+        << QString::fromLatin1(bytesOf("@Variant(\0\0\0\t\x7f\xff\xff\xff)").constData(), 18);
+    QTest::newRow("an object behind an escape that means nothing")
+        << QByteArray("\\q\\x40Size(3 4)") << "@Size(3 4)";
+    QTest::newRow("behind an escaped backslash") << QByteArray("\\\\\\x40Home") << "\\@Home";
+    QTest::newRow("its digits behind an escaped backslash") << QByteArray("C:\\\\x40") << "C:\\x40";
+    QTest::newRow("another letter") << QByteArray("\\x41Home") << "AHome";
+    QTest::newRow("a letter with the same last digits")
+        << QByteArray("\\x140Home") << QString(QChar(0x140)) + "Home";
+    QTest::newRow("stored as bytes") << QByteArray("@ByteArray(Strobe)") << "Strobe";
+    QTest::newRow("stored as text") << QByteArray("@String(Strobe)") << "Strobe";
+    QTest::newRow("stored as nothing") << QByteArray("@Invalid()") << "";
+    QTest::newRow("stored as bytes, cut short") << QByteArray("@ByteArray(Strobe") << "@ByteArray(Strobe";
 }
 
-void TestLightShow::anEscapedAtSignRefusesTheFile()
+void TestLightShow::anAtSignIsPlainTextInEveryForm()
 {
-    QFETCH(QByteArray, title);
-    QFETCH(bool, refused);
-    const QString path =
-        write("[page]\nnumber=1\n[page1]\nnb_buttons=1\n[page1_button1]\ntitle=" + title + "\n");
-    QCOMPARE(!readlightshow(path).has_value(), refused);
+    QFETCH(QByteArray, written);
+    QFETCH(QString, title);
+    const LightShow show =
+        read("; note \\100 percent\n[page]\nx=" + bytesOf("\0") + "\nnumber=1\n[page1]\nnb_buttons=2\n" +
+             "[page1_button1]\nimage=C:\\100\\z.png\ntitle=" + written + "\n[page1_button2]\ntitle=Strobe\n");
+    QCOMPARE(damage(show), QString());
+    QCOMPARE(column(show.buttons, "title"), QStringList({title, "Strobe"}));
+    QCOMPARE(show.buttons.at(0).value("image"), QString("C:@.png"));
 }
 
 QTEST_GUILESS_MAIN(TestLightShow)
