@@ -22,10 +22,24 @@ declare -A widget=(
     [vdjlistview]="300 180 301 240"
     [pushButton_2]="120 490 131 31"
     [padsname]="410 490 191 31"
+    [radio_outputpage]="301 50 101 22"
+    [radio_outputmidi]="410 50 131 22"
+    [devicescombo]="360 90 241 24"
+    [mididevices]="690 90 251 24"
+    [combo_offcolor]="1090 85 111 24"
+    [combo_oncolor]="1240 85 111 24"
+    [tablecontroller]="300 120 1028 346"
+    [cleanmidi_button]="300 120 95 31"
 )
 row_height=30
 pad_width=150
-# Where in a row or pad the mouse takes hold, from its left top corner.
+cell_width=95
+# The second line from each side of the controller grid is a spacer.
+spacer=5
+# What surrounds the items of a context menu, and how high a separator in it is.
+menu_frame=3
+menu_separator=11
+# Where in a row, pad or cell the mouse takes hold, from its left top corner.
 hold_x=60
 hold_y=15
 # A point of the central widget where nothing lights up under the mouse.
@@ -36,11 +50,15 @@ color_background="#202020"
 color_button="#303030"
 color_button_hover="#404040"
 color_edit_focus="#aaaaaa"
+color_menu_hover="#404040"
+color_cell_selected="#404040"
+color_switch_cell="#303030"
 
 mouse_folder=     # temporary: the home folder of the program, its output, the display's output
 mouse_home=       # what the program takes for the home folder
 mouse_pictures=   # where pictures go
 mouse_screen=     # the program lumipad_screen
+mouse_zone=       # the time zone of the program, see mouse_begin
 mouse_display_pid=
 mouse_app_pid=
 mouse_window=     # the main window's id
@@ -55,7 +73,7 @@ box_h=
 box_title=
 
 # mouse_begin SCREEN PICTURES SHOW: starts a display and makes a home folder that holds the show where the lighting
-# program keeps its shows, and the folder that VirtualDJ keeps its pads pages in.
+# program keeps its shows, and the folders that VirtualDJ keeps its pads pages and mappers in.
 mouse_begin() {
     mouse_screen=$1
     mouse_pictures=$2
@@ -71,9 +89,11 @@ mouse_begin() {
     trap 'exit 130' INT
     trap 'exit 143' TERM
     mouse_home=$mouse_folder/home
-    mkdir -p "$mouse_pictures" "$mouse_home/Documents/VirtualDJ/Pads" "$mouse_home/.config" "$mouse_home/.run" \
-        "$mouse_home/TheLightingController/LightShows"
+    mkdir -p "$mouse_pictures" "$mouse_home/Documents/VirtualDJ/"{Pads,Mappers} "$mouse_home/.config" \
+        "$mouse_home/.run" "$mouse_home/TheLightingController/LightShows"
     chmod 700 "$mouse_home/.run"
+    # The mapper file holds the date. Where the program is it is about noon, so no run goes over midnight.
+    mouse_zone=NOON$(($(date -u +%-H) - 12))
     cp -R "$show" "$mouse_home/TheLightingController/LightShows/"
 
     # The display picks a free number itself and writes it down once it answers.
@@ -129,7 +149,7 @@ mouse_open() {
         [[ -z ${!name:-} ]] || settings+=("$name=${!name}")
     done
     env -i "${settings[@]}" DISPLAY="$DISPLAY" HOME="$mouse_home" XDG_CONFIG_HOME="$mouse_home/.config" \
-        XDG_RUNTIME_DIR="$mouse_home/.run" LC_ALL=C.UTF-8 DBUS_SESSION_BUS_ADDRESS=disabled: \
+        XDG_RUNTIME_DIR="$mouse_home/.run" LC_ALL=C.UTF-8 TZ="$mouse_zone" DBUS_SESSION_BUS_ADDRESS=disabled: \
         QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none "$1" >"$mouse_folder/lumipad.log" 2>&1 &
     mouse_app_pid=$!
     await find_main_window || give_up "The window did not appear."
@@ -198,10 +218,16 @@ mouse_idle() {
 settle() {
     local x y
     point pushButton_2 6
-    xdotool mousemove "$x" "$y"
-    await color_is "$x" "$y" "$color_button_hover" || give_up "The Export button did not light up under the mouse."
+    await lights_up "$x" "$y" "$color_button_hover" || give_up "The Export button did not light up under the mouse."
     mouse_idle
     await color_is "$x" "$y" "$color_button" || give_up "The Export button did not go dark when the mouse left it."
+}
+
+# lights_up X Y COLOR: whether the pixel has the colour that it takes under the mouse. The mouse goes there and keeps
+# moving: the first move is lost when a dialog that has just disappeared still keeps the mouse from the window.
+lights_up() {
+    xdotool mousemove "$(($1 + RANDOM % 5))" "$2"
+    color_is "$1" "$2" "$3"
 }
 
 # picture NAME: a picture of the screen as it is.
@@ -311,18 +337,265 @@ drag_pad() {
 }
 
 # choose_bank N: bank 1 to 8, from the popup of the bank box.
-choose_bank() {
-    click bankcombo
-    await_box "The list of banks"
+choose_bank() { choose_item bankcombo "$1" 8; }
+
+# choose_item NAME N COUNT: the n-th of the COUNT entries of a combo box, from its popup, which shows them all.
+choose_item() {
+    click "$1"
+    await_box "The list of $1"
     # A popup lets clicks through only once it has seen the mouse move.
-    await click_bank "$1" || give_up "Bank $1 could not be chosen."
+    await click_item "$2" "$3" || give_up "Entry $2 of $1 could not be chosen."
     settle
 }
-click_bank() {
+click_item() {
     find_box || return 0
-    xdotool mousemove "$((box_x + box_w / 3))" "$((box_y + box_h * (2 * $1 - 1) / 16))"
-    xdotool mousemove "$((box_x + box_w / 4))" "$((box_y + box_h * (2 * $1 - 1) / 16))" click 1
+    xdotool mousemove "$((box_x + box_w / 3))" "$((box_y + box_h * (2 * $1 - 1) / (2 * $2)))"
+    xdotool mousemove "$((box_x + box_w / 4))" "$((box_y + box_h * (2 * $1 - 1) / (2 * $2)))" click 1
     no_other_window
+}
+
+# switch_to pads|midi: the radio button of that output; the MIDI side makes the window wider.
+switch_to() {
+    local name=radio_outputpage
+    [[ $1 == pads ]] || name=radio_outputmidi
+    click "$name"
+    mouse_idle
+    await width_fits "$1" || give_up "The window did not show the side of $1."
+    settle
+}
+width_fits() {
+    local window_width
+    read -r _ _ window_width _ < <("$mouse_screen" windows "$mouse_app_pid" | sed -n "s/^$mouse_window //p") || return 1
+    if [[ $1 == pads ]]; then ((window_width == 650)); else ((window_width == 1365 || window_width == 1366)); fi
+}
+
+# cell_corner ROW COLUMN: sets x and y to the left top corner of a cell of the controller grid, 0 to 11 each.
+cell_corner() {
+    point tablecontroller 0 0
+    x=$((x + $2 * cell_width - (($2 > 1) + ($2 > 10)) * (cell_width - spacer)))
+    y=$((y + $1 * row_height - (($1 > 1) + ($1 > 10)) * (row_height - spacer)))
+}
+
+# point_cell ROW COLUMN: the place where the mouse takes hold of the cell.
+point_cell() {
+    cell_corner "$1" "$2"
+    x=$((x + hold_x))
+    y=$((y + hold_y))
+}
+
+# cell_is ROW COLUMN COLOR: whether the cell's ground, in the plain strip at its right side, has the colour.
+cell_is() {
+    local x y
+    cell_corner "$1" "$2"
+    color_is "$((x + cell_width - 4))" "$((y + 3))" "$3"
+}
+
+# drag_to_cell LISTROW ROW COLUMN: from the n-th row of the Live Buttons list onto a cell of the controller grid.
+drag_to_cell() {
+    local x y
+    point_button "$1"
+    xdotool mousemove "$x" "$y"
+    point_cell "$2" "$3"
+    drag_to "$x" "$y"
+}
+
+# drag_cell ROW COLUMN ROW COLUMN: from a cell of the controller grid onto another.
+drag_cell() {
+    local x y
+    point_cell "$1" "$2"
+    xdotool mousemove "$x" "$y"
+    point_cell "$3" "$4"
+    drag_to "$x" "$y"
+}
+
+# select_cells ROW COLUMN...: clicks the first cell and adds the others with Ctrl.
+select_cells() {
+    local x y
+    point_cell "$1" "$2"
+    xdotool mousemove "$x" "$y" click 1
+    settle
+    while shift 2 && (($# > 0)); do
+        point_cell "$1" "$2"
+        xdotool keydown ctrl mousemove "$x" "$y" click 1 keyup ctrl
+        settle
+        await cell_is "$1" "$2" "$color_cell_selected" || give_up "The cell $1, $2 is not selected."
+    done
+}
+
+popups_are() { [[ $(other_windows | grep -c .) -eq $1 ]]; }
+
+# cell_menu ROW COLUMN: opens the context menu of a cell of the controller grid.
+cell_menu() {
+    local x y
+    point_cell "$1" "$2"
+    xdotool mousemove "$x" "$y" click 3
+    await popups_are 1 || give_up "The menu of the cell $1, $2 did not appear."
+}
+
+# click_menu POPUPS N COUNT SEPARATOR...: clicks the n-th of the COUNT entries of the context menu that is open on
+# top as the POPUPS-th one. SEPARATOR are the numbers of the entries that a separator follows.
+click_menu() {
+    local popups=$1 n=$2 count=$3 menu_x menu_y menu_w menu_h height above=0 after
+    shift 3
+    await popups_are "$popups" || give_up "The menu number $popups did not appear."
+    read -r _ menu_x menu_y menu_w menu_h _ < <(other_windows | tail -n 1)
+    height=$(((menu_h - 2 * menu_frame - $# * menu_separator) / count))
+    for after in "$@"; do ((after >= n)) || above=$((above + menu_separator)); done
+    menu_y=$((menu_y + menu_frame + above + (n - 1) * height))
+    await hover_menu "$menu_x" "$menu_y" "$menu_w" "$height" || give_up "Entry $n of the menu did not light up."
+    xdotool click 1
+}
+# An entry that lights up under the mouse shows its colour in its left top corner. The mouse keeps moving in it.
+hover_menu() {
+    xdotool mousemove "$(($1 + $3 / 2 + RANDOM % 9))" "$(($2 + $4 / 2))"
+    color_is "$(($1 + 6))" "$(($2 + 2))" "$color_menu_hover"
+}
+
+# An occupied cell offers Remove | Off Color, On Color, Blink | Set as Switch; an empty one the last alone.
+menu_of_occupied=(5 1 4)
+
+menu_closed() {
+    await no_other_window || give_up "The menu did not close."
+    settle
+}
+
+# set_color ROW COLUMN off|on N COUNT: the n-th colour of the device's palette of COUNT colours for the selected cells;
+# the menu opens on this one of them, which holds a Live Button.
+set_color() {
+    local entry=2
+    [[ $3 == off ]] || entry=3
+    cell_menu "$1" "$2"
+    click_menu 1 "$entry" "${menu_of_occupied[@]}"
+    # "default" comes first, then a separator.
+    click_menu 2 "$(($4 + 1))" "$(($5 + 1))" 1
+    menu_closed
+}
+
+# ask_color ROW COLUMN off|on #rrggbb: the same on a device with RGB LEDs, whose menu opens the colour dialog.
+ask_color() {
+    local entry=2
+    [[ $3 == off ]] || entry=3
+    cell_menu "$1" "$2"
+    click_menu 1 "$entry" "${menu_of_occupied[@]}"
+    click_menu 2 2 2 1
+    await_dialog "Choose a Color"
+    # The mouse goes into the dialog, as it would to its buttons: a window that the mouse has not left since the menu
+    # was open takes no notice of it until the next click. Alt+H leads to the edit of the HTML notation.
+    xdotool mousemove "$((box_x + box_w / 2))" "$((box_y + box_h - 8))"
+    xdotool key alt+h ctrl+a
+    xdotool type --clearmodifiers "$4"
+    xdotool key Return
+    await no_other_window || give_up "The colour dialog did not close."
+    focus_main
+    settle
+}
+
+# toggle_blink ROW COLUMN: of the selected cells; the menu opens on this one of them, which holds a Live Button.
+toggle_blink() {
+    cell_menu "$1" "$2"
+    click_menu 1 4 "${menu_of_occupied[@]}"
+    menu_closed
+}
+
+# set_switch ROW COLUMN: makes an empty cell the switch. unset_switch ROW COLUMN: makes the switch an ordinary cell.
+set_switch() {
+    cell_menu "$1" "$2"
+    click_menu 1 1 1
+    menu_closed
+    await cell_is "$1" "$2" "$color_switch_cell" || give_up "The cell $1, $2 did not become the switch."
+}
+unset_switch() {
+    cell_menu "$1" "$2"
+    click_menu 1 1 1
+    menu_closed
+    await cell_is_ordinary "$1" "$2" || give_up "The cell $1, $2 is still the switch."
+}
+cell_is_ordinary() { ! cell_is "$1" "$2" "$color_switch_cell"; }
+
+# await_dialog TITLE: waits for the window of this title beside the main one and gives it the keyboard.
+await_dialog() {
+    await dialog_is "$1" || give_up "The dialog \"$1\" did not appear."
+    await focus_window "$box_id" || give_up "The dialog \"$1\" did not take the keyboard."
+}
+dialog_is() { find_box && [[ $box_title == "$1" ]]; }
+window_is_gone() { ! other_windows | grep -q "^$1 "; }
+
+# file_menu N: the n-th command of the File menu: Load DMX Show, New Project, Load Project, Save Project, Export,
+# About, Exit.
+file_menu() {
+    local i
+    xdotool mousemove "$((mouse_left + 15))" "$((mouse_top - 10))" click 1
+    await_box "The File menu"
+    for ((i = 0; i < $1; ++i)); do xdotool key Down; done
+    xdotool key Return
+    await window_is_gone "$box_id" || give_up "The File menu did not close."
+}
+
+# type_file TITLE PATH: the path typed into the file dialog of this title.
+type_file() {
+    await_dialog "$1"
+    xdotool type --clearmodifiers "$2"
+    xdotool key Return
+    await window_is_gone "$box_id" || give_up "The dialog \"$1\" did not close."
+}
+
+# project_path NAME: the file that a project of this name is kept in.
+project_path() { say "$mouse_home/Documents/Lumipad/projects/$1.os2l"; }
+
+# save_project NAME [overwrite]: saves the shown side under the name; with overwrite a file is there and gives way.
+save_project() {
+    file_menu 4
+    type_file "Save your Lumipad Project" "$(project_path "$1")"
+    allow_overwrite "${2:-}"
+    await_box "The message that the project is saved"
+    answer_box 1
+    [[ -s $(project_path "$1") ]] || give_up "The project $1 was not saved."
+}
+
+# allow_overwrite [overwrite]: with the word, answers the question whether to overwrite with Yes, the left button.
+allow_overwrite() {
+    [[ ${1:-} == overwrite ]] || return 0
+    await_box "The question whether to overwrite"
+    await find_box_button 2 || give_up "The question has no two buttons."
+    click_box_button 1
+}
+
+# load_project NAME pads|midi [replace]: loads the project and waits for its side; with replace the pads are not
+# empty, and the question whether to give them up is answered with Yes, the left of three buttons.
+load_project() {
+    file_menu 3
+    if [[ ${3:-} == replace ]]; then
+        await_box "The question whether to load a project"
+        await find_box_button 3 || give_up "The question has no three buttons."
+        click_box_button 1
+    fi
+    type_file "Select a Lumipad Project" "$(project_path "$1")"
+    focus_main
+    await width_fits "$2" || give_up "The project $1 did not show the side of $2."
+    settle
+}
+
+# click_box_button N: as answer_box, where another window follows the box.
+click_box_button() {
+    local button_x button_y button_w button_h id
+    mouse_idle
+    await find_box_button "$1" || give_up "The box has no button number $1."
+    id=$box_id
+    xdotool mousemove "$((button_x + button_w / 2))" "$((button_y + button_h / 2))" click 1
+    await window_is_gone "$id" || give_up "The box did not close."
+}
+
+# mapper_path DEVICE NAME: the file that the mapping of this name for the device is exported to.
+mapper_path() { say "$mouse_home/Documents/VirtualDJ/Mappers/$1 - $2 mapping.xml"; }
+
+# export_mapper DEVICE NAME [overwrite]: clicks Export on the MIDI side, where the name is filled in, and answers the
+# message.
+export_mapper() {
+    click pushButton_2
+    allow_overwrite "${3:-}"
+    await_box "The message that the mapping is created"
+    answer_box 1
+    [[ -s $(mapper_path "$1" "$2") ]] || give_up "The mapping $2 for $1 was not written."
 }
 
 # fill_edit NAME TEXT: clicks the line edit and replaces its text.

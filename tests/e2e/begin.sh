@@ -28,11 +28,27 @@ export_page() {
     same_file "$here/golden/$2" "$written"
 }
 
+# export_pads [overwrite]: clicks Export on the pads side and answers the message; with overwrite a file of that name
+# is there and gives way.
+export_pads() {
+    click pushButton_2
+    allow_overwrite "${1:-}"
+    await_box "The message that the page is created"
+    answer_box 1
+}
+
 # same_file EXPECTED WRITTEN: fails with the differing lines.
 same_file() {
     cmp -s "$1" "$2" && return 0
     diff "$1" "$2" >&2 || true
-    give_up "The written pads page differs from ${1##*/}: the lines with < were expected."
+    give_up "The file ${2##*/} differs from ${1##*/}: the lines with < were expected."
+}
+
+# same_mapper GOLDEN WRITTEN: the same for a mapper, which is written with the date of the day.
+same_mapper() {
+    local expected=$mouse_folder/$1
+    sed "2s/ date=\"[^\"]*\"/ date=\"$(TZ=$mouse_zone date +%-d-%-m-%Y)\"/" "$here/golden/$1" >"$expected"
+    same_file "$expected" "$2"
 }
 
 # close_window: closes the window with Live Buttons on its pads and answers Yes, the left one of the two buttons. The
