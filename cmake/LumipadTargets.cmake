@@ -28,6 +28,7 @@ function(lumipad_test name)
     cmake_parse_arguments(T "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${T_SOURCES})
     target_link_libraries(${name} PRIVATE ${T_LINKS} Qt5::Test lumipad_flags)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
     target_compile_definitions(${name} PRIVATE
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     add_test(NAME ${name} COMMAND ${name})

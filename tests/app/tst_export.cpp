@@ -1,6 +1,8 @@
 #include "controller.h"
+#include "fulldisk.h"
 #include "itemroles.h"
 #include "mymodel.h"
+#include "testfiles.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
@@ -13,9 +15,7 @@
 #include <QRadioButton>
 #include <QTableView>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 namespace {
 
@@ -35,50 +35,10 @@ Answer ok() { return Answers::press(QMessageBox::Ok); }
 /// What the rows of tests below do to export.
 enum class Road { Button, Menu, Keys, Slot, ButtonSlot };
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(there is no such file)");
-}
-
-void writefile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write a file of the test");
-}
-
 QByteArray golden(const char* name)
 {
     return contents(QStringLiteral(TEST_DATA_DIR "/golden/") + QLatin1String(name));
 }
-
-/// A disk on which no file can grow beyond \a bytes, for as long as the object lives.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        // Writing too much then fails like on a full disk, where it would otherwise end the program.
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        if (getrlimit(RLIMIT_FSIZE, &m_before) != 0)
-            qFatal("Cannot read the limit of file sizes");
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0)
-            qFatal("Cannot limit file sizes");
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = SIG_DFL;
-};
 
 /// The window in a home folder of its own.
 struct ExportWindow

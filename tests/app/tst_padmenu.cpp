@@ -246,7 +246,7 @@ void PadMenuTest::menuComesByAnyRoad()
     const QPoint pos = midi.grid->visualRect(midi.cell(3, 3)).center();
     const auto seen = [&] {
         const QMenu* menu = MidiWindow::openmenu();
-        const QString first = menu ? entries(menu).constFirst() : QString("no menu");
+        QString first = menu ? entries(menu).constFirst() : QString("no menu");
         cleanup();
         return first;
     };

@@ -1,6 +1,8 @@
 #include "controller.h"
+#include "fulldisk.h"
 #include "itemroles.h"
 #include "mymodel.h"
+#include "testfiles.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
@@ -13,9 +15,7 @@
 #include <QRandomGenerator>
 #include <QTableView>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -29,46 +29,6 @@ const QStringList firstBanks{"BANK 1", "BANK 2", "BANK 3", "BANK 4", "BANK 5", "
 Answer ok() { return Answers::press(QMessageBox::Ok); }
 
 Answer cancel() { return Answers::key(Qt::Key_Escape); }
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(there is no such file)");
-}
-
-void writefile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write a file of the test");
-}
-
-/// A disk on which no file can grow beyond \a bytes, for as long as the object lives.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        // Writing too much then fails like on a full disk, where it would otherwise end the program.
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        if (getrlimit(RLIMIT_FSIZE, &m_before) != 0)
-            qFatal("Cannot read the limit of file sizes");
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0)
-            qFatal("Cannot limit file sizes");
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = SIG_DFL;
-};
 
 /// A project file with the attributes \a head and the elements \a keys.
 QByteArray projectfile(const QByteArray& head, const QByteArray& keys = QByteArray())
@@ -889,7 +849,7 @@ void ProjectsTest::leavesTheWorkAloneForAHugeFile()
     session.putsixteenpads();
     const QString path = session.path("huge.os2l");
     writefile(path, session.golden("pads-eight.os2l"));
-    QVERIFY(QFile::resize(path, 100 * 1024 * 1024));
+    QVERIFY(QFile::resize(path, qint64(100) * 1024 * 1024));
     const QStringList work = session.work();
     QElapsedTimer timer;
     timer.start();

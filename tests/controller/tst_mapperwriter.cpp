@@ -4,6 +4,7 @@
 #include "itemroles.h"
 #include "keylist.h"
 #include "mapperwriter.h"
+#include "testfiles.h"
 
 #include <QColor>
 #include <QFile>
@@ -122,30 +123,6 @@ Mapping withSwitch(Mapping mapping, int row, int column)
     mapping.switchRow = row;
     mapping.switchColumn = column;
     return mapping;
-}
-
-/// Where two files part, for the message of a failed test: the number of the first line that differs and the
-/// line in both; empty for equal files. Of a long line only the part around the difference is shown, as Qt
-/// Test cuts long messages.
-QString firstDifference(const QByteArray& actual, const QByteArray& expected)
-{
-    if (actual == expected)
-        return QString();
-    const QStringList actualLines = QString::fromUtf8(actual).split('\n');
-    const QStringList expectedLines = QString::fromUtf8(expected).split('\n');
-    int line = 0;
-    while (line < actualLines.size() && line < expectedLines.size() &&
-           actualLines.at(line) == expectedLines.at(line))
-        ++line;
-    const QString actualLine = actualLines.value(line, "(end of file)");
-    const QString expectedLine = expectedLines.value(line, "(end of file)");
-    int column = 0;
-    while (column < actualLine.size() && column < expectedLine.size() &&
-           actualLine.at(column) == expectedLine.at(column))
-        ++column;
-    const int start = qMax(0, column - 200);
-    return "line " + QString::number(line + 1) + ", column " + QString::number(column + 1) +
-           "\n   written:  " + actualLine.mid(start, 400) + "\n   expected: " + expectedLine.mid(start, 400);
 }
 
 QByteArray written(const Mapping& mapping) { return mapperxml(mapping).toUtf8(); }

@@ -1,5 +1,6 @@
 #include "itemroles.h"
 #include "padspagewriter.h"
+#include "testfiles.h"
 
 #include <QColor>
 #include <QFile>
@@ -32,30 +33,6 @@ void put(PadsPage& page, int bank, int pad, const QString& text, const QString& 
     target.text = text;
     target.color = color;
     target.button = button;
-}
-
-/// Where two files part, for the message of a failed test: the number of the first line that differs and the
-/// line in both; empty for equal files. Of a long line only the part around the difference is shown, as Qt
-/// Test cuts long messages.
-QString firstDifference(const QByteArray& actual, const QByteArray& expected)
-{
-    if (actual == expected)
-        return QString();
-    const QStringList actualLines = QString::fromUtf8(actual).split('\n');
-    const QStringList expectedLines = QString::fromUtf8(expected).split('\n');
-    int line = 0;
-    while (line < actualLines.size() && line < expectedLines.size() &&
-           actualLines.at(line) == expectedLines.at(line))
-        ++line;
-    const QString actualLine = actualLines.value(line, "(end of file)");
-    const QString expectedLine = expectedLines.value(line, "(end of file)");
-    int column = 0;
-    while (column < actualLine.size() && column < expectedLine.size() &&
-           actualLine.at(column) == expectedLine.at(column))
-        ++column;
-    const int start = qMax(0, column - 200);
-    return "line " + QString::number(line + 1) + ", column " + QString::number(column + 1) +
-           "\n   written:  " + actualLine.mid(start, 400) + "\n   expected: " + expectedLine.mid(start, 400);
 }
 
 QByteArray written(const PadsPage& page) { return padspagexml(page).toUtf8(); }
