@@ -18,6 +18,14 @@ Record recordof(const QXmlStreamAttributes& attributes)
     return record;
 }
 
+/// Whether any of \a tags can stand in \a xml. Half the files of the resources hold no layout, and the window
+/// waits for them to be read.
+bool holdsany(const QByteArray& xml, const QStringList& tags)
+{
+    return std::any_of(tags.cbegin(), tags.cend(),
+                       [&xml](const QString& tag) { return xml.contains('<' + tag.toUtf8()); });
+}
+
 /// Whether reading \a xml could take for ever. The XML reader compares each attribute of a tag with all
 /// before it, and entities let a small file grow without end; no file of ours or of VirtualDJ's has many of
 /// the one or any of the other.
@@ -52,7 +60,7 @@ QList<XmlElement> elementsof(const QByteArray& xml, const QStringList& tags, Mal
         reader.addData(text);
     } else {
         // In any other encoding the signs that `hostile` looks for are single bytes; NULs would hide them.
-        if (xml.contains('\0') || hostile(xml))
+        if (!holdsany(xml, tags) || xml.contains('\0') || hostile(xml))
             return elements;
         reader.addData(xml);
     }

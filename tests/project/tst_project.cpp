@@ -152,7 +152,7 @@ Project readsoon(const QByteArray& text)
 {
     QElapsedTimer timer;
     timer.start();
-    const Project project = readproject(text);
+    Project project = readproject(text);
     if (timer.elapsed() > 20000)
         QTest::qFail("Reading took too long", __FILE__, __LINE__);
     return project;
