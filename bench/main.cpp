@@ -52,6 +52,7 @@ int main(int argc, char* argv[])
         const QApplication app(argc, argv);
         benchlisting(newfolder(folder, QStringLiteral("shows")));
         benchexporting(newfolder(folder, QStringLiteral("pads")));
+        benchmapping(newfolder(folder, QStringLiteral("mappings")));
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "lumipad_bench: %s\n", failure.what());

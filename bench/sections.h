@@ -13,3 +13,5 @@ void benchstarting();
 void benchlisting(const QString& folder);
 /// Exporting a full pads page.
 void benchexporting(const QString& folder);
+/// Reading the built-in layouts and mappings, and exporting controllers' mappings of up to 5,000 lines.
+void benchmapping(const QString& folder);

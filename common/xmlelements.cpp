@@ -6,7 +6,6 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <cctype>
 
 namespace {
 
@@ -41,7 +40,7 @@ bool hostile(const QByteArray& xml)
             attributes = 0;
         else if ((sign == '"' || sign == '\'') && last == '=')
             ++attributes;
-        if (!std::isspace(static_cast<unsigned char>(sign)))
+        if (static_cast<unsigned char>(sign) > ' ')
             last = sign;
         return attributes > maxAttributes;
     });

@@ -106,11 +106,11 @@ QString controllines(const Mapping& mapping, const Record& key)
 {
     const QString type = key.value(Key::type());
     const QString name = key.value(Key::value());
-    const QString action = xmlparse(key.value(Key::action()));
     if (type == QLatin1String("pad"))
         return controllines(mapping, key, true);
     if (type == QLatin1String("button"))
         return controllines(mapping, key, false);
+    const QString action = xmlparse(key.value(Key::action()));
     if (type == QLatin1String("slider")) {
         const QString command = "os2l_cmd " + QString::number(key.value(Key::col()).toInt() + qint64(1));
         return line(name, mapping.combined ? whileos2l(command, action) : command);

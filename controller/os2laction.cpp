@@ -13,7 +13,8 @@ QString removeos2l(const QString& action)
 {
     const QString condition = QStringLiteral(" ? ");
     const QString alternative = QStringLiteral(" : ");
-    const QString escaped = xmlparse(action);
+    // Its beginning tells; an action may be long, and few are wrapped.
+    const QString escaped = xmlparse(action.left(32));
     if (escaped == QLatin1String("toggle &apos;$os2l&apos;"))
         return QString();
     if (!escaped.startsWith(QLatin1String("var &apos;$os2l&apos;")))
