@@ -163,7 +163,7 @@ void AboutTest::hasItsLook()
             QCOMPARE(picture.pixelColor(picture.width() / 2, 8), QColor(Qt::black));
             const auto* button = dialog->findChild<QPushButton*>(QStringLiteral("support"));
             QVERIFY(button);
-            QCOMPARE(picture.pixelColor(button->pos() + QPoint(3, 3)), QColor("#303030"));
+            QCOMPARE(picture.pixelColor(button->pos() + QPoint(3, 3)), QColor(0x30, 0x30, 0x30));
         },
         &window);
 }

@@ -1056,13 +1056,15 @@ void MainWindowTest::keysTriggerTheirActions_data()
     QTest::addColumn<QList<Answer>>("answers");
     const Answer escape = Answers::key(Qt::Key_Escape);
     const Answer ok = Answers::press(QMessageBox::Ok);
-    QTest::newRow("open") << int(Qt::CTRL + Qt::Key_O) << QByteArray("actionNew") << QList<Answer>{escape};
-    QTest::newRow("open a project") << int(Qt::CTRL + Qt::SHIFT + Qt::Key_O)
+    QTest::newRow("open") << int(Qt::CTRL) + int(Qt::Key_O) << QByteArray("actionNew")
+                          << QList<Answer>{escape};
+    QTest::newRow("open a project") << int(Qt::CTRL) + int(Qt::SHIFT) + int(Qt::Key_O)
                                     << QByteArray("actionLoad_Project") << QList<Answer>{escape, ok};
-    QTest::newRow("save") << int(Qt::CTRL + Qt::Key_S) << QByteArray("actionSave_2") << QList<Answer>{ok};
-    QTest::newRow("export") << int(Qt::CTRL + Qt::SHIFT + Qt::Key_E) << QByteArray("actionExport")
+    QTest::newRow("save") << int(Qt::CTRL) + int(Qt::Key_S) << QByteArray("actionSave_2")
+                          << QList<Answer>{ok};
+    QTest::newRow("export") << int(Qt::CTRL) + int(Qt::SHIFT) + int(Qt::Key_E) << QByteArray("actionExport")
                             << QList<Answer>{ok};
-    QTest::newRow("quit") << int(Qt::CTRL + Qt::Key_Q) << QByteArray("actionExit") << QList<Answer>();
+    QTest::newRow("quit") << int(Qt::CTRL) + int(Qt::Key_Q) << QByteArray("actionExit") << QList<Answer>();
 }
 
 void MainWindowTest::keysTriggerTheirActions()

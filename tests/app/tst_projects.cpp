@@ -576,8 +576,8 @@ void ProjectsTest::keepsAFolderThatHasTheProjectsName()
     session.puteightpads();
     const QString path = session.path("mine.os2l");
     // The dialog itself enters folders; this one comes into being while the dialog closes.
-    const auto watch = [&](QDialog* dialog) {
-        QObject::connect(dialog, &QDialog::accepted, dialog, [&] {
+    const auto watch = [path](QDialog* dialog) {
+        QObject::connect(dialog, &QDialog::accepted, dialog, [path] {
             QDir().mkdir(path);
             writefile(path + "/inside", "kept");
         });

@@ -180,7 +180,7 @@ void TestLightShow::cleanupTestCase()
 
 QString TestLightShow::write(const QByteArray& content)
 {
-    const QString path = m_folder.filePath(QStringLiteral("live%1.ini").arg(++m_files));
+    QString path = m_folder.filePath(QStringLiteral("live%1.ini").arg(++m_files));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("the test could not write its own file");
