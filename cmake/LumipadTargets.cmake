@@ -32,6 +32,6 @@ function(lumipad_test name)
     target_compile_definitions(${name} PRIVATE
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/leaks.txt'")
 endfunction()

@@ -438,7 +438,7 @@ void KeylistTest::isNotHeldUpByHostileMappings()
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(lines(files.keys()), QStringList{"action=|col=|led=P|ledaction=|row=|type=pad|value=P"});
-    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 30000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
     QVERIFY2(peakmemory() - before < 300, qPrintable(QString("%1 MB").arg(peakmemory() - before)));
 }
 

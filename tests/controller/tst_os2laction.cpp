@@ -337,7 +337,7 @@ void Os2lActionTest::takesLongActionsAtOnce()
     timer.start();
     QCOMPARE(removeos2l("var '$os2l' ? " + conditions + "c"), QString());
     QCOMPARE(removeos2l("var '$os2l' ? " + alternatives + "c"), alternatives.mid(4) + "c");
-    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 30000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
 }
 
 void Os2lActionTest::givesBackEveryActionThatWasWritten()

@@ -153,7 +153,7 @@ Project readsoon(const QByteArray& text)
     QElapsedTimer timer;
     timer.start();
     Project project = readproject(text);
-    if (timer.elapsed() > 20000)
+    if (timer.elapsed() > 30000)
         QTest::qFail("Reading took too long", __FILE__, __LINE__);
     return project;
 }
