@@ -30,13 +30,13 @@ void MainWindow::on_actionSave_2_triggered()
         message(tr("Nothing to Save. Load a Show"));
         return;
     }
-    for (const Output& output : outputs) {
+    for (const OutputMode& output : outputs) {
         if (output.radio->isChecked())
             saveoutput(output);
     }
 }
 
-void MainWindow::saveoutput(const Output& output)
+void MainWindow::saveoutput(const OutputMode& output)
 {
     if (output.isempty()) {
         message(tr("Nothing to Save. Pads are empty"));
@@ -107,7 +107,7 @@ bool MainWindow::loadproject()
     for (const project::Head& head : std::as_const(work.heads))
         restorehead(head);
 
-    const Output& output = outputs.at(work.ismidi() ? MidiOutput : PadsOutput);
+    const OutputMode& output = outputs.at(work.ismidi() ? MidiOutput : PadsOutput);
     const auto restore = [&](const auto& cells) {
         for (const auto& cell : cells) {
             project::putcell(output.grid, cell);

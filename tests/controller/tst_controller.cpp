@@ -19,6 +19,9 @@
 #include <climits>
 #include <memory>
 
+using namespace controller;
+using namespace show;
+
 namespace {
 
 using Cells = QList<QList<Record>>;

@@ -11,6 +11,8 @@
 #include <climits>
 #include <memory>
 
+using namespace show;
+
 namespace {
 
 /// The roles of which each reads and writes one key of the record as it stands.
