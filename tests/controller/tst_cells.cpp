@@ -6,6 +6,8 @@
 
 #include <climits>
 
+using namespace controller;
+
 namespace {
 
 /// The labels of the whole grid, row by row; cells are separated by commas.

@@ -18,6 +18,9 @@
 #include <climits>
 #include <memory>
 
+using namespace controller;
+using namespace show;
+
 namespace {
 
 using Cells = RecordRows;

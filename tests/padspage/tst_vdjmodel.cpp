@@ -12,6 +12,9 @@
 #include <climits>
 #include <memory>
 
+using namespace padspage;
+using namespace show;
+
 namespace {
 
 using Grid = RecordRows;

@@ -12,6 +12,8 @@
 #include <climits>
 #include <memory>
 
+using namespace show;
+
 namespace {
 
 /// A complete record of its own for each \a number.

@@ -6,6 +6,8 @@
 #include <QStandardItemModel>
 #include <QtTest>
 
+using namespace show;
+
 namespace {
 
 /// A grid of pads, empty but for what is put on them.
@@ -23,7 +25,7 @@ public:
 };
 
 /// The records of a show whose buttons have the ids 0, 1, 2 and so on.
-QList<Record> show(int count, const QString& check = QStringLiteral("0"))
+QList<Record> liveButtons(int count, const QString& check = QStringLiteral("0"))
 {
     QList<Record> buttons;
     for (int id = 0; id < count; ++id)
@@ -218,7 +220,7 @@ void TestUsageMarks::countingNowhereGivesNone()
 void TestUsageMarks::usedButtonsAreMarkedAndAllOthersUnmarked()
 {
     for (const QString& before : {QString("0"), QString("1")}) {
-        QList<Record> buttons = show(5, before);
+        QList<Record> buttons = liveButtons(5, before);
         MyModel list(buttons);
         markused(&list, &buttons, {"1", "4"});
         QCOMPARE(states(list), QString("02002"));
@@ -232,7 +234,7 @@ void TestUsageMarks::usedButtonsAreMarkedAndAllOthersUnmarked()
 
 void TestUsageMarks::marksFollowTheIdNotTheRow()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list({buttons.at(2), buttons.at(0), buttons.at(1)});
     markused(&list, &buttons, {"2"});
     QCOMPARE(states(list), QString("200"));
@@ -241,7 +243,7 @@ void TestUsageMarks::marksFollowTheIdNotTheRow()
 
 void TestUsageMarks::idsAreComparedAsTexts()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list(buttons);
     markused(&list, &buttons, {"01", " 2", ""});
     QCOMPARE(states(list), QString("000"));
@@ -250,7 +252,7 @@ void TestUsageMarks::idsAreComparedAsTexts()
 
 void TestUsageMarks::idsOutsideTheRecordsArePassedOver()
 {
-    QList<Record> buttons = show(2);
+    QList<Record> buttons = liveButtons(2);
     QList<Record> rows;
     for (const char* id : {"0", "2", "-1", "99999999999", "abc", "", "2147483647", "-2147483648"})
         rows.append({{"buttonid", id}, {"check", "0"}});
@@ -259,37 +261,37 @@ void TestUsageMarks::idsOutsideTheRecordsArePassedOver()
     markused(&list, &buttons, {"2", "-1", "99999999999", "abc", "", "2147483647"});
     // The rows show what their id says; the records of the show have no such buttons.
     QCOMPARE(states(list), QString("022222202"));
-    QCOMPARE(buttons, show(2));
+    QCOMPARE(buttons, liveButtons(2));
 
     // A row whose id is no number does not stand for button 0.
-    buttons = show(2, "1");
+    buttons = liveButtons(2, "1");
     MyModel words({Record{{"buttonid", "abc"}}, Record{{"buttonid", ""}}});
     markused(&words, &buttons, {"0"});
     QCOMPARE(states(words), QString("00"));
-    QCOMPARE(buttons, show(2, "1"));
+    QCOMPARE(buttons, liveButtons(2, "1"));
 }
 
 void TestUsageMarks::otherValuesStayAsTheyWere()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list(buttons);
     const QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
     markused(&list, &buttons, {"0", "1", "2"});
-    QCOMPARE(list.getList(), show(3, "1"));
-    QCOMPARE(buttons, show(3, "1"));
+    QCOMPARE(list.getList(), liveButtons(3, "1"));
+    QCOMPARE(buttons, liveButtons(3, "1"));
     QCOMPARE(changed.count(), 0);
 }
 
 void TestUsageMarks::anEmptyListOrShowIsNoTrouble()
 {
-    QList<Record> buttons = show(2, "1");
+    QList<Record> buttons = liveButtons(2, "1");
     MyModel empty;
     markused(&empty, &buttons, {"0"});
     // Only what the list shows is marked or unmarked.
-    QCOMPARE(buttons, show(2, "1"));
+    QCOMPARE(buttons, liveButtons(2, "1"));
 
     QList<Record> none;
-    MyModel list(show(2));
+    MyModel list(liveButtons(2));
     markused(&list, &none, {"1"});
     QCOMPARE(states(list), QString("02"));
     QCOMPARE(none, QList<Record>());
