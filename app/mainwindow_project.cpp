@@ -2,17 +2,17 @@
 
 #include "mainwindow.h"
 
+#include "bounds.h"
 #include "controller.h"
 #include "itemroles.h"
 #include "messages.h"
 #include "project.h"
+#include "readfile.h"
 #include "textfile.h"
 #include "ui_mainwindow.h"
 #include "vdjmodel.h"
-#include "xmlelements.h"
 
 #include <QColor>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -142,12 +142,10 @@ bool MainWindow::loadproject()
 {
     const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Select a Lumipad Project"),
                                                       projectsPath, projectfilter());
-    QFile file(path);
-    // A pipe or device under this name is no project; reading it could block for ever.
-    if (!QFileInfo(path).isFile() || file.size() > maxXmlSize ||
-        !file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const auto text = readregularfile(path, maxXmlSize);
+    if (!text)
         return false;
-    const Project project = readproject(file.readAll());
+    const Project project = readproject(*text);
     for (const Record& head : project.projects) {
         if (!QFileInfo(head.value(QStringLiteral("show"))).isFile())
             return false;
