@@ -129,11 +129,13 @@ void Walk::declaration()
 /// Anything that begins with "<".
 XmlRefusal Walk::markup()
 {
-    ++m_parts;
     if (starts(QLatin1String("</"))) {
         --m_depth;
         m_at += 2;
-    } else if (starts(QLatin1String("<!--"))) {
+        return XmlRefusal::None;
+    }
+    ++m_parts;
+    if (starts(QLatin1String("<!--"))) {
         skipbehind(QStringLiteral("-->"), 4);
     } else if (starts(QLatin1String("<![CDATA["))) {
         skipbehind(QStringLiteral("]]>"), 9);
@@ -161,8 +163,8 @@ XmlRefusal Walk::doctype()
         const char sign = m_text.at(m_at).toLatin1();
         if (sign == '"' || sign == '\'') {
             skipquotes();
-        } else if (starts(QLatin1String("<!--")) || starts(QLatin1String("<?")) ||
-                   starts(QLatin1String("<!ENTITY")) || starts(QLatin1String("<!ATTLIST"))) {
+        } else if (sign == '<' && (starts(QLatin1String("<!--")) || starts(QLatin1String("<?")) ||
+                                   starts(QLatin1String("<!ENTITY")) || starts(QLatin1String("<!ATTLIST")))) {
             const XmlRefusal refusal = markup();
             if (refusal != XmlRefusal::None)
                 return refusal;
