@@ -131,7 +131,6 @@ public:
 /// The output mode, and whether its grid holds a Live Button, as the guards see it.
 enum class Work { NoShow, EmptyPads, FilledPads, EmptyController, FilledController };
 Q_DECLARE_METATYPE(Work)
-Q_DECLARE_METATYPE(Answer)
 
 class MainWindowTest : public QObject
 {

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QColor>
+#include <QCoreApplication>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QtTest>
@@ -248,6 +249,33 @@ void ModelContract::changesItemsSilently()
     const std::unique_ptr<QMimeData> dragged(model->mimeData({model->index(1, 0)}));
     QVERIFY(drop(model.get(), dragged.get(), model->index(2, 0)));
     QCOMPARE(ofViews.count(), 0);
+}
+
+void ModelContract::tellsOnceThatRecordsChanged()
+{
+    const auto model = numbered(3);
+    QCoreApplication::processEvents();
+    const QSignalSpy told(model.get(), &RecordModel::recordsChanged);
+    for (const ContractRole& item : roles())
+        QVERIFY(model->setData(model->index(1, 0), "7", item.role));
+    QVERIFY(drop(model.get(), redPayload(listFields()).get(), model->index(0, 0)));
+    QCOMPARE(told.count(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 1);
+
+    QVERIFY(model->setData(model->index(1, 0), "8"));
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 2);
+
+    // What changes nothing tells nothing.
+    QVERIFY(model->setData(model->index(1, 0), "#123456", Qt::BackgroundRole));
+    QVERIFY(!model->setData(QModelIndex(), "9"));
+    QVERIFY(!model->setData(model->index(1, 0), "9", Qt::ToolTipRole));
+    QVERIFY(!drop(model.get(), nullptr, model->index(0, 0)));
+    QVERIFY(!drop(model.get(), redPayload(listFields()).get(), QModelIndex()));
+    QVERIFY(model->dropMimeData(nullptr, Qt::IgnoreAction, -1, -1, model->index(0, 0)));
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 2);
 }
 
 void ModelContract::readsAndTakesNothingOutside_data()

@@ -67,6 +67,7 @@ private slots:
     void showsAWhiteBackgroundWhateverIsSet();
     void refusesOtherRoles();
     void changesItemsSilently();
+    void tellsOnceThatRecordsChanged();
     void readsAndTakesNothingOutside_data();
     void readsAndTakesNothingOutside();
     void readsAndTakesNothingOfOthers();
