@@ -443,7 +443,9 @@ void Judge::notemapping(const MappingFile& file, const MappingWork& work)
             ++deviations[Deviation::DarkSwitch];
     }
     for (auto cell = work.cells.cbegin(); cell != work.cells.cend(); ++cell) {
-        if (cell->button && !controls.contains(cell.key()))
+        const bool pad = cell.key().first >= 2 && cell.key().first <= 9 && cell.key().second >= 2 &&
+                         cell.key().second <= 9;
+        if (cell->button && pad && !controls.contains(cell.key()))
             ++deviations[Deviation::UnwrittenCell];
     }
     if (!work.combined || hasswitch)

@@ -53,7 +53,8 @@ LightShow::LightShow()
 
 bool LightShow::connected()
 {
-    if (!m_socket && m_server.waitForNewConnection(patience))
+    // A running event loop may have taken the connection already.
+    if (!m_socket && (m_server.hasPendingConnections() || m_server.waitForNewConnection(patience)))
         m_socket = m_server.nextPendingConnection();
     return m_socket != nullptr;
 }

@@ -75,9 +75,9 @@ bool MappingWork::isswitch(const Control& control) const
     return Place(control.row, control.column) == switchCell && !cellof(control).button;
 }
 
-Factory factoryof(const MappingFile& mapping, const Device& device, Deviations* deviations)
+FactoryActions factoryof(const MappingFile& mapping, const Device& device, Deviations* deviations)
 {
-    Factory factory;
+    FactoryActions factory;
     bool lightseen = false;
     for (const Control& control : device.controls) {
         const QString action = mapping.actions.value(control.name);
@@ -131,13 +131,13 @@ QString lightafter(const MappingWork& work, const Control& control, Deviations* 
 
 } // namespace
 
-Factory factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations)
+FactoryActions factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations)
 {
     if (!work.combined) {
         ++(*deviations)[Deviation::Os2lOnlyKept];
         return factoryof(written, work.device, deviations);
     }
-    Factory factory = work.factory;
+    FactoryActions factory = work.factory;
     for (const Control& control : work.device.controls) {
         if (control.type == Control::Type::Empty && factory.value(control.name).isEmpty())
             factory.insert(control.name, QStringLiteral("nothing"));

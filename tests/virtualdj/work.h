@@ -69,7 +69,7 @@ struct PageWork
 using Place = QPair<int, int>;
 
 /// What each control and LED of a device does without the lights: script by name.
-using Factory = QMap<QString, QString>;
+using FactoryActions = QMap<QString, QString>;
 
 /// A mapping.
 struct MappingWork
@@ -89,7 +89,7 @@ struct MappingWork
     QString defaultOff;
     QMap<Place, Cell> cells; ///< those that were touched
     Place switchCell{-1, -1};
-    Factory factory; ///< what is expected while OS2L is off, in a combined mapping
+    FactoryActions factory; ///< what is expected while OS2L is off, in a combined mapping
 
     /// The cell under \a control; an untouched one for a control without a place in the grid.
     Cell cellof(const Control& control) const;
@@ -97,9 +97,9 @@ struct MappingWork
 };
 
 /// What the controls of \a device do by a mapping that Lumipad did not write, or wrote for OS2L alone.
-Factory factoryof(const MappingFile& mapping, const Device& device, Deviations* deviations);
+FactoryActions factoryof(const MappingFile& mapping, const Device& device, Deviations* deviations);
 /// What is left of \a work's factory actions to an export that builds on the file \a written for it.
-Factory factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations);
+FactoryActions factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations);
 
 /// What VirtualDJ takes of \a name between apostrophes: names with two (or four, ...) of them end at the first.
 /// Other names with apostrophes have no expectation; the table of awkward names tells what becomes of them.
