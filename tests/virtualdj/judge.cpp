@@ -370,7 +370,7 @@ Light shouldshow(const MappingWork& work, const Control& control, const Chain& f
         return Light();
     bool on = world->buttonactive(taken(*cell.button, deviations));
     if (on && cell.blink && control.type == Control::Type::Pad)
-        on = world->blinkphase();
+        on = world->blinkphase(QString());
     return buttonlight(work, control, on);
 }
 

@@ -60,7 +60,7 @@ public:
     int variable(const QString& name) override { return m_variables.value(scoped(name)); }
     void setvariable(const QString& name, int value) override { m_variables.insert(scoped(name), value); }
     bool factorytruth(const QString&) override { return false; }
-    bool blinkphase() override { return false; }
+    bool blinkphase(const QString&) override { return false; }
     bool buttonactive(const QString&) override { return false; }
     int turn() const override { return turned; }
 
@@ -94,7 +94,10 @@ public:
     int variable(const QString& name) override;
     void setvariable(const QString& name, int value) override { m_set.insert(name, value); }
     bool factorytruth(const QString& text) override { return choose(text, {0, 1}) != 0; }
-    bool blinkphase() override { return choose(QStringLiteral("blink"), {0, 1}) != 0; }
+    bool blinkphase(const QString& pace) override
+    {
+        return choose(QStringLiteral("blink ") + pace, {0, 1}) != 0;
+    }
     bool buttonactive(const QString& name) override
     {
         return choose(QStringLiteral("button ") + name, {0, 1}) != 0;

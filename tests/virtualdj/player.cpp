@@ -62,9 +62,8 @@ Value askverb(const Step& step, World* world)
     case Verb::Color:
         return color(step.arguments);
     case Verb::Blink:
-        // `blink ? a : b` alternates (VDJScript documentation). All blink at one pace here; the judge looks at
-        // both phases.
-        return truth(world->blinkphase());
+        // `blink ? a : b` alternates (VDJScript documentation).
+        return truth(world->blinkphase(step.arguments.value(0)));
     case Verb::On:
         return truth(true);
     case Verb::Off:

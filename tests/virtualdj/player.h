@@ -20,8 +20,8 @@ public:
     virtual void setvariable(const QString& name, int value) = 0;
     /// Whether what the opaque verb \a text stands for is so.
     virtual bool factorytruth(const QString& text) = 0;
-    /// Whether a blinking light is on at this moment.
-    virtual bool blinkphase() = 0;
+    /// Whether a light that blinks at \a pace (such as "500ms"; empty: VirtualDJ's own) is on at this moment.
+    virtual bool blinkphase(const QString& pace) = 0;
     /// Whether the lighting program has told that its button \a name is on.
     virtual bool buttonactive(const QString& name) = 0;
     /// The direction in which a parameter is turned just now: 1 up, -1 down; 0 when none is.

@@ -15,7 +15,7 @@ public:
     bool lit = false;
 
     bool factorytruth(const QString& text) override { return facts.contains(text); }
-    bool blinkphase() override { return lit; }
+    bool blinkphase(const QString&) override { return lit; }
     bool buttonactive(const QString& name) override { return active.contains(name); }
 };
 
@@ -309,9 +309,9 @@ void ScriptTest::visitsEveryState()
     seen.sort();
     QStringList expected;
     for (const char* page : {"0", "4"}) {
-        expected << QStringLiteral("var $p = %1, blink = 0").arg(page);
+        expected << QStringLiteral("var $p = %1, blink  = 0").arg(page);
         for (const char* active : {"0", "1"})
-            expected << QStringLiteral("var $p = %1, blink = 1, button X = %2").arg(page, active);
+            expected << QStringLiteral("var $p = %1, blink  = 1, button X = %2").arg(page, active);
     }
     for (const char* a : {"0", "1"}) {
         for (const char* branch : {"0", "1"})
