@@ -33,7 +33,9 @@ QString initext(const QString& title)
 {
     QString text = title;
     text.replace('\\', QLatin1String("\\\\")).replace('"', QLatin1String("\\\""));
-    return text.replace('\t', QLatin1String("\\t")).replace('\n', QLatin1String("\\n"));
+    text.replace('\t', QLatin1String("\\t")).replace('\n', QLatin1String("\\n"));
+    // A number ends at the first sign that is no digit of it.
+    return text.replace(QChar(1), QLatin1String("\\x1"));
 }
 
 Hands::Hands(const TestHome& home, QList<LiveButton> buttons)

@@ -99,5 +99,6 @@ private:
     bool m_switchlocked = false; ///< the switch takes no drops until the device is chosen anew
 };
 
-/// The text \a title as a value of live.ini.
+/// The text \a title as a value of live.ini. Of the control characters it knows tab, line break and 1, which no
+/// hexadecimal digit may follow.
 QString initext(const QString& title);
