@@ -1,10 +1,12 @@
 #include "mainwindow.h"
 
+#include "cells.h"
 #include "controller.h"
 #include "dialog.h"
 #include "messages.h"
 #include "mydelegate.h"
 #include "mymodel.h"
+#include "padgeometry.h"
 #include "styles.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
@@ -20,18 +22,16 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include <algorithm>
+
 /// The resources live in a library, from which nothing but this call links them. Q_INIT_RESOURCE does not
 /// work inside a namespace.
 static void initresources() { Q_INIT_RESOURCE(lumipad); }
 
 namespace {
 
-constexpr int rowHeight = 30;
-constexpr int padsWindowWidth = 650;
 // The two ways into the MIDI layout differ by one pixel.
 constexpr int midiWindowWidthFromPads = 1365;
-const QRect padsOutputGeometry(290, 30, 341, 51);
-const QRect midiOutputGeometry(290, 30, 1071, 51);
 
 /// Creates the last folder of \a path only; that it failed shows when something is saved there.
 void createfolder(const QString& path)
@@ -50,8 +50,8 @@ void setdragging(QTableView* view, bool acceptdrops)
 
 QMessageBox::StandardButton confirmexit(const QString& style)
 {
-    return showmessage(style, QStringLiteral("Project is not empty."),
-                       QStringLiteral("Are you sure you want to exit ?"),
+    return showmessage(style, MainWindow::tr("Project is not empty."),
+                       MainWindow::tr("Are you sure you want to exit ?"),
                        QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
 }
 
@@ -74,8 +74,9 @@ MainWindow::MainWindow(QWidget* parent)
 {
     initresources();
     ui->setupUi(this);
-    setWindowTitle(QStringLiteral("Lumipad"));
+    setWindowTitle(tr("Lumipad"));
     setupviews();
+    setupoutputs();
 
     // The two boxes of the MIDI side overlap; the last line of this one would hide the first of the grid's.
     ui->groupBox_midis->setMask(ui->groupBox_midis->rect().adjusted(0, 0, 0, -1));
@@ -99,8 +100,8 @@ MainWindow::MainWindow(QWidget* parent)
     ui->radioButton_8pads->setChecked(true);
     ui->vdjlistview->hideColumn(1);
     ui->radio_outputpage->setChecked(true);
-    // Not showpadslayout(): the field reads "Pad Page", as the form has it, until an output is clicked.
-    placeoutput(false, padsWindowWidth);
+    // Not showoutput(): the field reads "Pad Page", as the form has it, until an output is clicked.
+    placeoutput(outputs.at(PadsOutput), outputs.at(PadsOutput).windowWidth);
 
     messageBoxStyle = Style::messageBox();
     // Filling the device choice has moved the focus; a key typed now must not change a name.
@@ -117,14 +118,14 @@ void MainWindow::setupviews()
     setdragging(ui->vdjlistview, true);
     ui->vdjlistview->horizontalHeader()->setStretchLastSection(true);
     ui->vdjlistview->setSelectionMode(QAbstractItemView::SingleSelection);
-    ui->vdjlistview->setColumnWidth(0, 150);
+    ui->vdjlistview->setColumnWidth(0, padspage::padWidth);
     ui->vdjlistview->setMouseTracking(true);
 
     controllerModel = new Controller(this);
     ui->tablecontroller->setModel(controllerModel);
     setdragging(ui->tablecontroller, true);
-    ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
-    ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(5);
+    ui->tablecontroller->verticalHeader()->setMinimumSectionSize(Grid::SpacerSize);
+    ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(Grid::SpacerSize);
     ui->tablecontroller->setItemDelegate(delegate);
     ui->tablecontroller->setMouseTracking(true);
 
@@ -135,14 +136,16 @@ void MainWindow::setupviews()
     ui->dmxlistview->setSelectionMode(QAbstractItemView::SingleSelection);
 
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
+        connect(static_cast<RecordModel*>(view->model()), &RecordModel::recordsChanged, view->viewport(),
+                qOverload<>(&QWidget::update));
         view->horizontalHeader()->hide();
         view->verticalHeader()->hide();
         // Tab leads on to the next control; the arrow keys walk the cells.
         view->setTabKeyNavigation(false);
     }
     // Eight rows fill both lists exactly; the toolkit's own height follows the screen's resolution.
-    ui->dmxlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
-    ui->vdjlistview->verticalHeader()->setDefaultSectionSize(rowHeight);
+    ui->dmxlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
+    ui->vdjlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
     ui->tablecontroller->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(ui->tablecontroller, &QWidget::customContextMenuRequested, this,
             &MainWindow::customMenuRequested);
@@ -206,43 +209,74 @@ void MainWindow::setstyles()
         view->verticalScrollBar()->setStyleSheet(Style::scrollBar());
 }
 
-void MainWindow::placeoutput(bool midi, int width)
+void MainWindow::setupoutputs()
 {
-    ui->groupBox_pads->setHidden(midi);
-    ui->groupBox_midis->setVisible(midi);
-    ui->groupBox_controller->setVisible(midi);
-    ui->groupBox->setGeometry(midi ? midiOutputGeometry : padsOutputGeometry);
+    Output& pads = outputs.at(PadsOutput);
+    pads.radio = ui->radio_outputpage;
+    pads.view = ui->vdjlistview;
+    pads.grid = vdjModel;
+    // The second column keeps no mark: a Live Button that stands only there counts as not used.
+    pads.markColumns = 1;
+    pads.widgets = {ui->groupBox_pads};
+    pads.box = QRect(290, 30, 341, 51);
+    pads.windowWidth = 650;
+    pads.label = tr("Pads Page");
+    pads.empty = [this](const QModelIndex& pad) { padspage::emptypad(vdjModel, pad); };
+    pads.takeoff = [this](const QModelIndex& pad) {
+        padspage::emptypad(vdjModel, pad, QStringLiteral("#FFFFFF"));
+    };
+    pads.isempty = [this] { return isVDJempty(); };
+    pads.exportwork = [this] { return exportpage(); };
+    pads.savework = [this](const QString& path) { savepadsproject(path); };
+
+    Output& midi = outputs.at(MidiOutput);
+    midi.radio = ui->radio_outputmidi;
+    midi.view = ui->tablecontroller;
+    midi.grid = controllerModel;
+    midi.markColumns = controllerModel->columnCount();
+    midi.widgets = {ui->groupBox_midis, ui->groupBox_controller};
+    midi.box = QRect(290, 30, 1071, 51);
+    midi.windowWidth = 1366;
+    midi.label = tr("MIDI Mapping");
+    midi.empty = [this](const QModelIndex& cell) { controller::emptycell(controllerModel, cell); };
+    midi.takeoff = [this](const QModelIndex& cell) { controller::takeoff(controllerModel, cell); };
+    midi.isempty = [this] { return isMIDIempty(); };
+    midi.exportwork = [this] { return exportmapping(); };
+    midi.savework = [this](const QString& path) { savemidiproject(path); };
+}
+
+const Output& MainWindow::chosenoutput() const
+{
+    return outputs.at(ui->radio_outputpage->isChecked() ? PadsOutput : MidiOutput);
+}
+
+void MainWindow::placeoutput(const Output& output, int width)
+{
+    for (const Output& any : outputs)
+        for (QWidget* widget : any.widgets)
+            widget->setVisible(&any == &output);
+    ui->groupBox->setGeometry(output.box);
     setFixedWidth(width);
 }
 
-void MainWindow::showpadslayout()
+void MainWindow::showoutput(const Output& output, int width)
 {
-    placeoutput(false, padsWindowWidth);
-    ui->label_padname->setText(QStringLiteral("Pads Page"));
-}
-
-void MainWindow::showmidilayout(int width)
-{
-    placeoutput(true, width);
-    ui->label_padname->setText(QStringLiteral("MIDI Mapping"));
+    placeoutput(output, width);
+    ui->label_padname->setText(output.label);
 }
 
 void MainWindow::on_radio_outputpage_clicked()
 {
     resetdmxlist();
-    if (ui->radio_outputpage->isChecked())
-        showpadslayout();
-    else
-        showmidilayout(midiWindowWidthFromPads);
+    const Output& output = chosenoutput();
+    showoutput(output, output.radio == ui->radio_outputpage ? output.windowWidth : midiWindowWidthFromPads);
 }
 
 void MainWindow::on_radio_outputmidi_clicked()
 {
     resetdmxlist();
-    if (ui->radio_outputmidi->isChecked())
-        showmidilayout(midiWindowWidth);
-    else
-        showpadslayout();
+    const Output& output = outputs.at(ui->radio_outputmidi->isChecked() ? MidiOutput : PadsOutput);
+    showoutput(output, output.windowWidth);
 }
 
 /// Takes over a name or text that is still being typed: a key or menu entry leaves the focus where it is.
@@ -260,10 +294,10 @@ void MainWindow::finishediting()
         on_padsname_editingFinished();
 }
 
-bool MainWindow::projectempty()
+bool MainWindow::projectempty() const
 {
-    return (ui->radio_outputpage->isChecked() && isVDJempty()) ||
-           (ui->radio_outputmidi->isChecked() && isMIDIempty());
+    return std::any_of(outputs.cbegin(), outputs.cend(),
+                       [](const Output& output) { return output.radio->isChecked() && output.isempty(); });
 }
 
 void MainWindow::message(const QString& text, const QString& informativetext)
@@ -273,7 +307,7 @@ void MainWindow::message(const QString& text, const QString& informativetext)
 
 bool MainWindow::confirmoverwrite(const QString& text)
 {
-    return showmessage(messageBoxStyle, text, QStringLiteral("Do you want to overwrite ?"),
+    return showmessage(messageBoxStyle, text, tr("Do you want to overwrite ?"),
                        QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
@@ -312,8 +346,7 @@ void MainWindow::on_loadini_clicked()
         return;
     }
     const auto answer = showmessage(
-        messageBoxStyle,
-        QStringLiteral("Are you sure you want to open a new Show \nbefore saving current Project ?"),
+        messageBoxStyle, tr("Are you sure you want to open a new Show \nbefore saving current Project ?"),
         QString(), QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel);
     if (answer == QMessageBox::Save)
         on_actionSave_2_triggered();
@@ -323,10 +356,8 @@ void MainWindow::on_loadini_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
-    cleanMIDI();
-    cleanVDJ();
     initpadlist();
-    uncheckall();
+    show::unmarkrows(dmxModel);
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
     ui->dmxlistview->setFocus();
 }

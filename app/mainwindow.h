@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output.h"
 #include "record.h"
 
 #include <QList>
@@ -7,6 +8,7 @@
 #include <QModelIndex>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <memory>
 
 class Controller;
@@ -15,8 +17,12 @@ class Mydelegate;
 class QAction;
 class QMenu;
 class QKeySequence;
-class QTableView;
 class VDJModel;
+
+namespace project {
+struct Head;
+struct Project;
+} // namespace project
 
 namespace Ui {
 class MainWindow;
@@ -46,12 +52,9 @@ public slots:
     void on_loadini_clicked();
     /// "New Project": empties both grids and all check marks; the show stays loaded. Asks nothing.
     void on_actionNew_2_triggered();
+
     /// Removes every row of the Live Buttons list.
     void cleanDMX();
-    /// Removes every row of the pads page grid.
-    void cleanVDJ();
-    /// Removes every row of the controller grid.
-    void cleanMIDI();
 
     // Output mode
 
@@ -68,10 +71,6 @@ public slots:
     /// Replaces show and project by what \a path (`Live/live.ini`) holds. False, with nothing changed, when
     /// the file cannot be opened.
     bool loadshowname(const QString& path);
-    /// See `::getcolor`.
-    QString getcolor(const QString& color);
-    /// The number of Live Buttons on Live page \a page.
-    int buttonsperpage(int page);
     /// Fills the emptied Live Buttons list from `buttons`.
     void initlist();
     /// Fills the page filter from `pages`.
@@ -115,13 +114,10 @@ public slots:
     /// Makes \a device (an index in `devices`) current, and offers its mappings and colours.
     void updatemidicombo(int device);
     void on_devicescombo_currentIndexChanged(int index);
-    /// See `::getdeviceindex`.
+    /// See `controller::getdeviceindex`.
     int getdeviceindex(const QString& device);
     bool deviceinlist(const QString& device);
-    /// The default colours in the palette of \a device; empty for full-RGB and unknown devices.
-    QString getdeviceoffcolor(int device);
-    QString getdeviceoncolor(int device);
-    /// See `::getmapperid`.
+    /// See `controller::getmapperid`.
     int getmapperid(const QString& device, int n);
 
     // Controller grid
@@ -165,8 +161,6 @@ public slots:
     /// no other one of the same grid holds it; on the pads page column 0 alone counts.
     void dmxtoremove(int index);
     void dmxtoremove2(int index);
-    /// Takes the Live Button of list row \a index off every pad of both grids.
-    void dmxcheckchange(int index);
 
     // Export
 
@@ -178,11 +172,8 @@ public slots:
     /// Writes the mapper file of the chosen device. False when the user declined to overwrite; a failed write
     /// is not noticed.
     bool exportmapping();
-    /// Fills `keyList`, see `::getkeynames`.
+    /// Fills `keyList`, see `controller::getkeynames`.
     void getkeynames(const QString& layoutPath, const QString& mapperPath);
-    /// See `::xmlparse` and `::removeos2l`.
-    QString xmlparse(const QString& text);
-    QString removeos2l(const QString& action);
 
     // Projects
 
@@ -205,6 +196,24 @@ public slots:
     /// Opens the manual in the desktop's PDF viewer, from the program folder; a manual that is there already
     /// is not replaced.
     void on_actionManual_triggered();
+
+    // For callers outside of this program, by name; nothing in it calls these
+
+    /// Remove every row of the pads page grid, of the controller grid.
+    void cleanVDJ();
+    void cleanMIDI();
+    /// See `show::getcolor`.
+    QString getcolor(const QString& color);
+    /// The number of Live Buttons on Live page \a page.
+    int buttonsperpage(int page);
+    /// The default colours in the palette of \a device; empty for full-RGB and unknown devices.
+    QString getdeviceoffcolor(int device);
+    QString getdeviceoncolor(int device);
+    /// Takes the Live Button of list row \a index off every pad of both grids.
+    void dmxcheckchange(int index);
+    /// See `controller::xmlparse` and `controller::removeos2l`.
+    QString xmlparse(const QString& text);
+    QString removeos2l(const QString& action);
 
 protected:
     QString messageBoxStyle;
@@ -233,32 +242,36 @@ protected:
     QString mappersPath;
 
 private:
-    /// Window width of the MIDI side, but for the way in from the pads radio button.
-    static constexpr int midiWindowWidth = 1366;
+    /// Places of the outputs in `outputs`.
+    enum { PadsOutput, MidiOutput };
 
     void setupviews();
+    void setupoutputs();
     void setupkeys();
     void addkey(const QKeySequence& key, QAction* action);
     void resetbanks();
-    void saveproject(const QString& path, Record head, const QList<Record>& keys);
-    void restoreproject(const Record& head);
-    void restorecells(QAbstractItemModel* grid, const QList<Record>& keys, bool midi);
+    void emptywork();
+    void saveproject(const QString& path, project::Project work);
+    bool readprojectfile(const QString& path, project::Project* work);
+    void restorehead(const project::Head& head);
     void sizecells();
+    QModelIndexList menucells() const;
     void setpads(int role, const QString& value);
     void setpadcolor(int role, int n);
     void askpadcolor(int role);
-    void fillcolormenu(QMenu* menu, int role);
-    void emptycell(int row, int col);
-    void makeswitch(int row, int col);
+    void fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     QMenu* newmenu();
-    void markrow(int row);
-    void uncheckall();
-    void focusgrid(QTableView* grid);
-    void placeoutput(bool midi, int width);
-    void showpadslayout();
-    void showmidilayout(int width);
+    const Output& chosenoutput() const;
+    void placeoutput(const Output& output, int width);
+    void showoutput(const Output& output, int width);
+    void removepads(const Output& output, const QModelIndexList& pads);
+    void unmarkunused(const Output& output, int id);
+    void focusgrid(const Output& output);
+    void saveoutput(const Output& output);
     void finishediting();
-    bool projectempty();
+    bool projectempty() const;
     void message(const QString& text, const QString& informativetext = QString());
     bool confirmoverwrite(const QString& text);
+
+    std::array<Output, 2> outputs;
 };

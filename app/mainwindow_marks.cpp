@@ -5,47 +5,49 @@
 #include "controller.h"
 #include "itemroles.h"
 #include "mymodel.h"
-#include "padgeometry.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
-#include "vdjmodel.h"
 
-/// Marks a row of the list; `buttons` says "0" all the same: only `resetdmxlist` writes "1" there.
-void MainWindow::markrow(int row)
-{
-    const QModelIndex index = dmxModel->index(row, 0);
-    if (!index.isValid())
-        return;
-    dmxModel->setData(index, Qt::Checked, Qt::CheckStateRole);
-    const int id = index.data(ItemRole::Id).toInt();
-    if (id >= 0 && id < buttons.size())
-        buttons[id][Key::check()] = QStringLiteral("0");
-    ui->dmxlistview->viewport()->update();
-}
-
-void MainWindow::CheckChanged(int index, int) { markrow(index); }
+void MainWindow::CheckChanged(int index, int) { show::markrow(dmxModel, &buttons, index); }
 
 void MainWindow::CheckChangedCon(int index, int to, int col)
 {
     if (!dmxModel->index(index, 0).isValid())
         return;
-    markrow(index);
+    show::markrow(dmxModel, &buttons, index);
     ui->tablecontroller->setFocus();
     ui->tablecontroller->setCurrentIndex(controllerModel->index(to, col));
 }
 
 void MainWindow::dmxtoremove(int index)
 {
-    if (countid(*vdjModel, 1, index) == 0)
-        unmark(dmxModel, &buttons, index);
-    focusgrid(ui->vdjlistview);
+    unmarkunused(outputs.at(PadsOutput), index);
+    focusgrid(outputs.at(PadsOutput));
 }
 
 void MainWindow::dmxtoremove2(int index)
 {
-    if (countid(*controllerModel, controllerModel->columnCount(), index) == 0)
-        unmark(dmxModel, &buttons, index);
-    focusgrid(ui->tablecontroller);
+    unmarkunused(outputs.at(MidiOutput), index);
+    focusgrid(outputs.at(MidiOutput));
+}
+
+/// Unmarks the Live Button \a id if no pad of the output that counts for marks holds it.
+void MainWindow::unmarkunused(const Output& output, int id)
+{
+    if (show::countid(*output.grid, output.markColumns, id) == 0)
+        show::unmark(dmxModel, &buttons, id);
+}
+
+/// Empties \a pads of the output's grid, and unmarks the Live Buttons that are on none of its pads any more.
+void MainWindow::removepads(const Output& output, const QModelIndexList& pads)
+{
+    for (const QModelIndex& pad : pads) {
+        if (!pad.isValid())
+            continue;
+        const int id = pad.data(ItemRole::Id).toInt();
+        output.empty(pad);
+        unmarkunused(output, id);
+    }
 }
 
 void MainWindow::dmxcheckchange(int index)
@@ -54,42 +56,25 @@ void MainWindow::dmxcheckchange(int index)
     if (!button.isValid())
         return;
     const int id = button.data(ItemRole::Id).toInt();
-    for (int row = 0; row < vdjModel->rowCount(); ++row) {
-        const QModelIndex pad = vdjModel->index(row, 0);
-        if (pad.data(ItemRole::Id).toInt() != id)
-            continue;
-        const QString name = QStringLiteral("PAD ") + QString::number(row % rowsPerBank + 1);
-        clearpad(vdjModel, pad, name, QStringLiteral("#FFFFFF"));
-        ui->vdjlistview->setFocus();
-        ui->vdjlistview->setCurrentIndex(pad);
-    }
-    for (int row = 0; row < controllerModel->rowCount(); ++row) {
-        for (int col = 0; col < controllerModel->columnCount(); ++col) {
-            const QModelIndex cell = controllerModel->index(row, col);
-            if (cell.data(ItemRole::Id).toInt() != id)
-                continue;
-            clearpad(controllerModel, cell, getpadtext(row, col), QStringLiteral("#000000"));
-            ui->tablecontroller->setFocus();
-            ui->tablecontroller->setCurrentIndex(cell);
+    for (const Output& output : outputs) {
+        for (int row = 0; row < output.grid->rowCount(); ++row) {
+            for (int column = 0; column < output.markColumns; ++column) {
+                const QModelIndex pad = output.grid->index(row, column);
+                if (pad.data(ItemRole::Id).toInt() != id)
+                    continue;
+                output.takeoff(pad);
+                output.view->setFocus();
+                output.view->setCurrentIndex(pad);
+            }
         }
     }
     ui->dmxlistview->setFocus();
     ui->dmxlistview->setCurrentIndex(button);
 }
 
-/// Clears the check marks of the list; `buttons` stays as it is.
-void MainWindow::uncheckall()
-{
-    for (int row = 0; row < dmxModel->rowCount(); ++row)
-        dmxModel->setData(dmxModel->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
-    ui->dmxlistview->viewport()->update();
-}
-
-/// Moves the focus from the list to \a grid, and repaints both.
-void MainWindow::focusgrid(QTableView* grid)
+/// Moves the focus from the list to the output's grid.
+void MainWindow::focusgrid(const Output& output)
 {
     ui->dmxlistview->setFocus();
-    grid->setFocus();
-    ui->dmxlistview->viewport()->update();
-    grid->viewport()->update();
+    output.view->setFocus();
 }

@@ -43,7 +43,8 @@ void offercolors(QComboBox* combo, const QStringList& colors, const QString& cur
 
 void MainWindow::readdefaultmappers()
 {
-    const DeviceLists lists = ::readdefaultmappers(QStringLiteral(":/mappings/Mappings"));
+    const controller::DeviceLists lists =
+        controller::readdefaultmappers(QStringLiteral(":/mappings/Mappings"));
     devices = lists.devices;
     mappers = lists.mappers;
     ui->devicescombo->clear();
@@ -52,7 +53,7 @@ void MainWindow::readdefaultmappers()
     setitemsizes(ui->devicescombo);
 }
 
-void MainWindow::readmappers() { mappers.append(::readmappers(mappersPath, devices)); }
+void MainWindow::readmappers() { mappers.append(controller::readmappers(mappersPath, devices)); }
 
 void MainWindow::updatemidicombo(int device)
 {
@@ -66,14 +67,16 @@ void MainWindow::updatemidicombo(int device)
     }
     setitemsizes(ui->mididevices);
 
-    ui->groupBox_colors->setHidden(isfullrgb(record));
-    if (isfullrgb(record)) {
-        ui->label_10->setText(QStringLiteral("Colors : Device has RGB Leds."));
+    const bool anycolor = controller::ledcolors(record) == controller::LedColors::Any;
+    ui->groupBox_colors->setHidden(anycolor);
+    if (anycolor) {
+        ui->label_10->setText(tr("Colors : Device has RGB Leds."));
         return;
     }
-    ui->label_10->setText(QStringLiteral("Default Colors"));
-    offercolors(ui->combo_offcolor, ::palette(record), record.value(Key::off()));
-    offercolors(ui->combo_oncolor, ::palette(record), record.value(Key::on()));
+    ui->label_10->setText(tr("Default Colors"));
+    const QStringList palette = controller::palette(record);
+    offercolors(ui->combo_offcolor, palette, record.value(Key::off()));
+    offercolors(ui->combo_oncolor, palette, record.value(Key::on()));
 }
 
 void MainWindow::on_devicescombo_currentIndexChanged(int index)
@@ -82,47 +85,58 @@ void MainWindow::on_devicescombo_currentIndexChanged(int index)
     updatelayout();
 }
 
-int MainWindow::getdeviceindex(const QString& device) { return ::getdeviceindex(devices, device); }
+int MainWindow::getdeviceindex(const QString& device) { return controller::getdeviceindex(devices, device); }
 
 bool MainWindow::deviceinlist(const QString& device) { return getdeviceindex(device) >= 0; }
 
-QString MainWindow::getdeviceoffcolor(int device) { return palettecolor(devices.value(device), Key::off()); }
+QString MainWindow::getdeviceoffcolor(int device)
+{
+    return controller::palettecolor(devices.value(device), Key::off());
+}
 
-QString MainWindow::getdeviceoncolor(int device) { return palettecolor(devices.value(device), Key::on()); }
+QString MainWindow::getdeviceoncolor(int device)
+{
+    return controller::palettecolor(devices.value(device), Key::on());
+}
 
-int MainWindow::getmapperid(const QString& device, int n) { return ::getmapperid(mappers, device, n); }
+int MainWindow::getmapperid(const QString& device, int n)
+{
+    return controller::getmapperid(mappers, device, n);
+}
 
-QString MainWindow::getpadtext(int row, int col) { return padtext(row, col); }
+QString MainWindow::getpadtext(int row, int col) { return controller::padtext(row, col); }
 
-QString MainWindow::getpadavail(int row, int col) { return padavail(row, col, devices.value(currentDevice)); }
+QString MainWindow::getpadavail(int row, int col)
+{
+    return controller::padavail(row, col, devices.value(currentDevice));
+}
 
 void MainWindow::updatelayout()
 {
-    updateavail(controllerModel, devices.value(currentDevice));
+    controller::updateavail(controllerModel, devices.value(currentDevice));
     sizecells();
     ui->tablecontroller->setFocus();
-    ui->tablecontroller->viewport()->update();
 }
 
 /// Gives the grid's lines their sizes: the spacers between the pads and the sides are thin.
 void MainWindow::sizecells()
 {
     for (int line = 0; line < Grid::Lines; ++line) {
-        ui->tablecontroller->setColumnWidth(line, Grid::isspacer(line) ? 5 : 95);
-        ui->tablecontroller->setRowHeight(line, Grid::isspacer(line) ? 5 : 30);
+        ui->tablecontroller->setColumnWidth(line, Grid::isspacer(line) ? Grid::SpacerSize : Grid::CellWidth);
+        ui->tablecontroller->setRowHeight(line, Grid::isspacer(line) ? Grid::SpacerSize : Grid::CellHeight);
     }
 }
 
-bool MainWindow::isMIDIempty() { return gridempty(*controllerModel); }
+bool MainWindow::isMIDIempty() { return show::gridempty(*controllerModel); }
 
 void MainWindow::getkeynames(const QString& layoutPath, const QString& mapperPath)
 {
-    keyList = ::getkeynames(layoutPath, mapperPath);
+    keyList = controller::getkeynames(layoutPath, mapperPath);
 }
 
-QString MainWindow::xmlparse(const QString& text) { return ::xmlparse(text); }
+QString MainWindow::xmlparse(const QString& text) { return controller::xmlparse(text); }
 
-QString MainWindow::removeos2l(const QString& action) { return ::removeos2l(action); }
+QString MainWindow::removeos2l(const QString& action) { return controller::removeos2l(action); }
 
 bool MainWindow::exportmapping()
 {
@@ -133,28 +147,29 @@ bool MainWindow::exportmapping()
     const QString padsname = ui->padsname->text();
     getkeynames(device.value(Key::path()), mappers.value(mapper).value(Key::path()));
 
-    Mapping mapping;
+    controller::Mapping mapping;
     mapping.device = device.value(Key::device());
     mapping.date = QDate::currentDate();
     // The first choice of every device is "Simple OS2L mapping".
     mapping.combined = choice > 0;
-    mapping.fullRgb = isfullrgb(device);
+    mapping.fullRgb = controller::ledcolors(device) == controller::LedColors::Any;
     if (!mapping.fullRgb) {
-        mapping.defaultOff = ::palette(device).value(ui->combo_offcolor->currentIndex());
-        mapping.defaultOn = ::palette(device).value(ui->combo_oncolor->currentIndex());
+        const QStringList palette = controller::palette(device);
+        mapping.defaultOff = palette.value(ui->combo_offcolor->currentIndex());
+        mapping.defaultOn = palette.value(ui->combo_oncolor->currentIndex());
     }
     mapping.switchRow = switchPad.at(0);
     mapping.switchColumn = switchPad.at(1);
     mapping.keys = keyList;
-    mapping.pads = mapperpads(*controllerModel);
+    mapping.pads = controller::mapperpads(*controllerModel);
 
-    const QString title = name + QStringLiteral(" - ") + padsname;
-    const QString path = mappersPath + QLatin1Char('/') + title + QStringLiteral(" mapping.xml");
-    if (QFileInfo::exists(path) && !confirmoverwrite(title + QStringLiteral(" mapping already exists.")))
+    const QString path = mappersPath + QLatin1Char('/') + name + QStringLiteral(" - ") + padsname +
+                         QStringLiteral(" mapping.xml");
+    if (QFileInfo::exists(path) &&
+        !confirmoverwrite(tr("%1 - %2 mapping already exists.").arg(name, padsname)))
         return false;
     writetextfile(path, mapperxml(mapping));
-    message(QStringLiteral("Mapping ") + padsname + QStringLiteral(" for ") + name +
-                QStringLiteral(" is created."),
-            QStringLiteral("Select it from Controllers tab of VirtualDJ Settings."));
+    message(tr("Mapping %1 for %2 is created.").arg(padsname, name),
+            tr("Select it from Controllers tab of VirtualDJ Settings."));
     return true;
 }

@@ -6,6 +6,7 @@
 #include "devices.h"
 #include "itemroles.h"
 #include "mymodel.h"
+#include "occupied.h"
 #include "styles.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
@@ -45,62 +46,67 @@ void MainWindow::customMenuRequested(QPoint pos)
     if (!cell.isValid())
         return;
     menuIndex = cell;
-    // A cell that the device does not have cannot be selected; the menu must not reach what was selected
-    // before.
-    if (!cell.flags().testFlag(Qt::ItemIsEnabled))
-        ui->tablecontroller->clearSelection();
-
     QMenu* menu = newmenu();
-    if (cell.data(ItemRole::Id).toInt() >= 0) {
-        menu->addAction(QStringLiteral("Remove"), this, &MainWindow::ondeleteaction_triggered);
+    if (show::holdsbutton(cell.data(ItemRole::Id).toString())) {
+        menu->addAction(tr("Remove"), this, &MainWindow::ondeleteaction_triggered);
         menu->addSeparator();
-        fillcolormenu(menu->addMenu(QStringLiteral("Off Color")), ItemRole::ColorOff);
-        fillcolormenu(menu->addMenu(QStringLiteral("On Color")), ItemRole::ColorOn);
-        QAction* blink = menu->addAction(QStringLiteral("Blink"), this, &MainWindow::onblinkaction_triggered);
+        fillcolormenu(menu->addMenu(tr("Off Color")), ItemRole::ColorOff, &MainWindow::colorpadchange,
+                      &MainWindow::rgbpadchange);
+        fillcolormenu(menu->addMenu(tr("On Color")), ItemRole::ColorOn, &MainWindow::coloronpadchange,
+                      &MainWindow::rgbonpadchange);
+        QAction* blink = menu->addAction(tr("Blink"), this, &MainWindow::onblinkaction_triggered);
         blink->setCheckable(true);
         blink->setChecked(cell.data(ItemRole::Blink).toString() == QLatin1String("1"));
     }
     menu->addSeparator();
-    QAction* toggle =
-        menu->addAction(QStringLiteral("Set as Switch"), this, &MainWindow::ontoggleaction_triggered);
+    QAction* toggle = menu->addAction(tr("Set as Switch"), this, &MainWindow::ontoggleaction_triggered);
     toggle->setCheckable(true);
     toggle->setChecked(switchPad == QList<int>{cell.row(), cell.column()});
     menu->popup(ui->tablecontroller->viewport()->mapToGlobal(pos));
 }
 
-/// Fills the submenu of one of the pad's own colours, \a role ColorOff or ColorOn.
-void MainWindow::fillcolormenu(QMenu* menu, int role)
+/// Fills the submenu of one of the pad's own colours, which stands under \a role: palette colours are handed
+/// to \a choose by their number, any other colour is left to \a ask.
+void MainWindow::fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int),
+                               void (MainWindow::*ask)())
 {
+    const auto entry = [this, choose](int n) { return [this, choose, n] { (this->*choose)(n); }; };
     const QString own = menuIndex.data(role).toString();
     const Record device = devices.value(currentDevice);
     menu->setStyleSheet(Style::menu());
-    menu->addAction(choice(QStringLiteral("default"), own.isEmpty()), this,
-                    [this, role] { setpadcolor(role, 0); });
+    menu->addAction(choice(tr("default"), own.isEmpty()), this, entry(0));
     menu->addSeparator();
-    if (device.value(Key::fullRgb()) != QLatin1String("false")) {
-        menu->addAction(swatch(own), QStringLiteral("Select ..."), this, [this, role] { askpadcolor(role); });
+    if (controller::ledcolors(device) != controller::LedColors::Palette) {
+        menu->addAction(swatch(own), tr("Select ..."), this, ask);
         return;
     }
-    const QStringList colors = ::palette(device);
+    const QStringList colors = controller::palette(device);
     for (int i = 0; i < colors.size(); ++i) {
         const QString& color = colors.at(i);
-        menu->addAction(swatch(color), choice(color, color == own), this,
-                        [this, role, i] { setpadcolor(role, i + 1); });
+        menu->addAction(swatch(color), choice(color, color == own), this, entry(i + 1));
     }
 }
 
-/// Writes \a value into every selected cell.
+/// The cells that an entry of the menu applies to: the selected ones. A cell that the device does not have
+/// cannot be selected; its menu is for that cell alone.
+QModelIndexList MainWindow::menucells() const
+{
+    if (menuIndex.isValid() && !menuIndex.flags().testFlag(Qt::ItemIsEnabled))
+        return {menuIndex};
+    return ui->tablecontroller->selectionModel()->selectedIndexes();
+}
+
+/// Writes \a value into every cell that the menu applies to.
 void MainWindow::setpads(int role, const QString& value)
 {
-    const QModelIndexList cells = ui->tablecontroller->selectionModel()->selectedIndexes();
+    const QModelIndexList cells = menucells();
     for (const QModelIndex& cell : cells)
         controllerModel->setData(cell, value, role);
-    ui->tablecontroller->viewport()->update();
 }
 
 void MainWindow::setpadcolor(int role, int n)
 {
-    setpads(role, n < 1 ? QString() : ::palette(devices.value(currentDevice)).value(n - 1));
+    setpads(role, n < 1 ? QString() : controller::palette(devices.value(currentDevice)).value(n - 1));
 }
 
 void MainWindow::colorpadchange(int n) { setpadcolor(ItemRole::ColorOff, n); }
@@ -110,7 +116,7 @@ void MainWindow::coloronpadchange(int n) { setpadcolor(ItemRole::ColorOn, n); }
 void MainWindow::askpadcolor(int role)
 {
     const QColor current(menuIndex.data(role).toString());
-    const QColor color = QColorDialog::getColor(current, this, QStringLiteral("Choose a Color"));
+    const QColor color = QColorDialog::getColor(current, this, tr("Choose a Color"));
     if (color.isValid())
         setpads(role, color.name());
 }
@@ -127,27 +133,13 @@ void MainWindow::onblinkaction_triggered()
 
 void MainWindow::ondeleteaction_triggered()
 {
-    const QModelIndexList cells = ui->tablecontroller->selectionModel()->selectedIndexes();
-    for (const QModelIndex& cell : cells)
-        emptycell(cell.row(), cell.column());
-    focusgrid(ui->tablecontroller);
+    removepads(outputs.at(MidiOutput), menucells());
+    focusgrid(outputs.at(MidiOutput));
 }
 
-void MainWindow::ondeletemidiaction_triggered(int row, int col) { emptycell(row, col); }
-
-/// Makes a cell an empty, usable pad and unmarks its Live Button if no other cell holds it. The pad's own
-/// colours and blink stay for the next Live Button.
-void MainWindow::emptycell(int row, int col)
+void MainWindow::ondeletemidiaction_triggered(int row, int col)
 {
-    const QModelIndex cell = controllerModel->index(row, col);
-    if (!cell.isValid())
-        return;
-    const int id = cell.data(ItemRole::Id).toInt();
-    clearpad(controllerModel, cell, getpadtext(row, col), QStringLiteral("#000000"));
-    controllerModel->setData(cell, QStringLiteral("1"), ItemRole::Avail);
-    controllerModel->setData(cell, QStringLiteral("#ffffff"), Qt::ForegroundRole);
-    if (countid(*controllerModel, controllerModel->columnCount(), id) == 0)
-        unmark(dmxModel, &buttons, id);
+    removepads(outputs.at(MidiOutput), {controllerModel->index(row, col)});
 }
 
 void MainWindow::ontoggleaction_triggered()
@@ -155,44 +147,22 @@ void MainWindow::ontoggleaction_triggered()
     if (!menuIndex.isValid())
         return;
     const QList<int> cell{menuIndex.row(), menuIndex.column()};
-    if (switchPad == cell) {
+    const QList<int> former = switchPad;
+    // A former switch becomes an ordinary pad; without one this is a cell outside the grid.
+    ondeletemidiaction_triggered(former.at(0), former.at(1));
+    if (former == cell) {
         switchPad = {-1, -1};
-        emptycell(cell.at(0), cell.at(1));
     } else {
-        // A former switch becomes an ordinary pad; without one this is a cell outside the grid.
-        emptycell(switchPad.at(0), switchPad.at(1));
-        makeswitch(cell.at(0), cell.at(1));
+        ondeletemidiaction_triggered(cell.at(0), cell.at(1));
+        controller::makeswitch(controllerModel, menuIndex);
+        switchPad = cell;
     }
-    focusgrid(ui->tablecontroller);
-}
-
-void MainWindow::makeswitch(int row, int col)
-{
-    emptycell(row, col);
-    const QModelIndex cell = controllerModel->index(row, col);
-    controllerModel->setData(cell, QStringLiteral("SWITCH"), Qt::EditRole);
-    controllerModel->setData(cell, QStringLiteral("SWITCH"), ItemRole::DspName);
-    controllerModel->setData(cell, QStringLiteral("0"), ItemRole::Avail);
-    controllerModel->setData(cell, QStringLiteral("green"), Qt::ForegroundRole);
-    switchPad = {row, col};
+    focusgrid(outputs.at(MidiOutput));
 }
 
 void MainWindow::on_cleanmidi_button_clicked()
 {
-    for (int row = 0; row < controllerModel->rowCount(); ++row) {
-        for (int col = 0; col < controllerModel->columnCount(); ++col) {
-            const QModelIndex cell = controllerModel->index(row, col);
-            const QString avail = getpadavail(row, col);
-            // A cell that the device does not have keeps the colour that it had.
-            const QString color = avail == QLatin1String("1")
-                                      ? QStringLiteral("#000000")
-                                      : cell.data(Qt::DecorationRole).value<QColor>().name();
-            clearpad(controllerModel, cell, getpadtext(row, col), color);
-            controllerModel->setData(cell, avail, ItemRole::Avail);
-        }
-    }
-    markused(dmxModel, &buttons, {});
-    ui->tablecontroller->viewport()->update();
-    ui->dmxlistview->viewport()->update();
+    controller::cleancells(controllerModel, devices.value(currentDevice));
+    show::markused(dmxModel, &buttons, {});
     ui->dmxlistview->setFocus();
 }

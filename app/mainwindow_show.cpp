@@ -2,7 +2,6 @@
 
 #include "mainwindow.h"
 
-#include "controller.h"
 #include "itemroles.h"
 #include "lightshow.h"
 #include "mymodel.h"
@@ -17,16 +16,15 @@
 
 bool MainWindow::loadshow()
 {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, QStringLiteral("Select a Show"),
-                                          homePath + QStringLiteral("/TheLightingController/LightShows"));
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, tr("Select a Show"), homePath + QStringLiteral("/TheLightingController/LightShows"));
     if (folder.isEmpty())
         return false;
     const QString path = folder + QStringLiteral("/Live/live.ini");
     if (!QFileInfo::exists(path)) {
-        QMessageBox::warning(nullptr, QStringLiteral("Lumipad"),
-                             QStringLiteral("LightShow Settings file not found. Please select a different "
-                                            "LightShow Folder"));
+        QMessageBox::warning(
+            nullptr, tr("Lumipad"),
+            tr("LightShow Settings file not found. Please select a different LightShow Folder"));
         return false;
     }
     showName = QFileInfo(folder).fileName();
@@ -36,48 +34,34 @@ bool MainWindow::loadshow()
 
 bool MainWindow::loadshowname(const QString& path)
 {
-    const auto show = readlightshow(path);
+    const auto show = show::readlightshow(path);
     if (!show)
         return false;
     switchPad = {-1, -1};
-    cleanDMX();
-    cleanVDJ();
-    cleanMIDI();
-    initpadlist();
-    resetbanks();
+    emptywork();
     ui->combobox->clear();
     pages = show->pages;
     buttons = show->buttons;
     initlist();
     updatecombo();
     iniPath = path;
-    setWindowTitle(QStringLiteral("Lumipad - ") + showName);
+    setWindowTitle(tr("Lumipad - %1").arg(showName));
     return true;
 }
 
-QString MainWindow::getcolor(const QString& color) { return ::getcolor(color); }
-
-int MainWindow::buttonsperpage(int page) { return ::buttonsperpage(buttons, page); }
-
-void MainWindow::initlist()
+/// Empties the list and both grids, and gives banks and page their first names.
+void MainWindow::emptywork()
 {
-    if (!dmxModel->insertRows(0, buttons.size()))
-        return;
-    for (int row = 0; row < buttons.size(); ++row) {
-        const Record& button = buttons.at(row);
-        const QModelIndex index = dmxModel->index(row, 0);
-        const QString title = button.value(Key::title());
-        dmxModel->setData(index, title, Qt::EditRole);
-        dmxModel->setData(index, button.value(Key::pageId()), ItemRole::Page);
-        dmxModel->setData(index, title, ItemRole::DspName);
-        dmxModel->setData(index, QStringLiteral("1"), ItemRole::Source);
-        dmxModel->setData(index, button.value(Key::buttonId()), ItemRole::Id);
-        dmxModel->setData(index, QStringLiteral("#FFFFFF"), Qt::BackgroundRole);
-        dmxModel->setData(index, QStringLiteral("#FFFFFF"), Qt::ForegroundRole);
-        dmxModel->setData(index, button.value(Key::color()), Qt::DecorationRole);
-        dmxModel->setData(index, Qt::Unchecked, Qt::CheckStateRole);
-    }
+    cleanDMX();
+    resetbanks();
+    initpadlist();
 }
+
+QString MainWindow::getcolor(const QString& color) { return show::getcolor(color); }
+
+int MainWindow::buttonsperpage(int page) { return show::buttonsperpage(buttons, page); }
+
+void MainWindow::initlist() { show::filllist(dmxModel, buttons); }
 
 void MainWindow::updatecombo()
 {
@@ -106,10 +90,7 @@ void MainWindow::on_combobox_currentIndexChanged(int index) { updatelist(index);
 
 void MainWindow::resetdmxlist()
 {
-    const auto used = ui->radio_outputpage->isChecked()
-                          ? usedids(*vdjModel, 1)
-                          : usedids(*controllerModel, controllerModel->columnCount());
-    markused(dmxModel, &buttons, used);
-    ui->dmxlistview->viewport()->update();
+    const Output& output = chosenoutput();
+    show::markused(dmxModel, &buttons, show::usedids(*output.grid, output.markColumns));
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
 }

@@ -13,22 +13,24 @@ if(LUMIPAD_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# lumipad_room(<name> SOURCES <files> LINKS <targets>): the library of one folder. Only its own folder is
+# lumipad_room(<name> [MOC] SOURCES <files> LINKS <targets>): the library of one folder. Only its own folder is
 # its include path, and it sees other folders only through LINKS; so an include that points up or
-# sideways does not compile.
+# sideways does not compile. MOC: a class of it has a Q_OBJECT.
 function(lumipad_room name)
-    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "MOC" "" "SOURCES;LINKS" ${ARGN})
     add_library(lumipad_${name} STATIC ${ROOM_SOURCES})
+    set_target_properties(lumipad_${name} PROPERTIES AUTOMOC ${ROOM_MOC})
     target_include_directories(lumipad_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(lumipad_${name} PUBLIC ${ROOM_LINKS} PRIVATE lumipad_flags)
 endfunction()
 
-# lumipad_test(<name> SOURCES <files> LINKS <targets>): one Qt Test program, run without a display.
+# lumipad_test(<name> SOURCES <files> LINKS <targets>): one Qt Test program, run without a display. What all
+# tests share in tests/support is linked; the helpers for the window come with LINKS lumipad_testwindow.
 function(lumipad_test name)
     cmake_parse_arguments(T "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${T_SOURCES})
-    target_link_libraries(${name} PRIVATE ${T_LINKS} Qt5::Test lumipad_flags)
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE ${T_LINKS} lumipad_testsupport lumipad_flags)
     target_compile_definitions(${name} PRIVATE
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     add_test(NAME ${name} COMMAND ${name})

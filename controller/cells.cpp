@@ -1,5 +1,10 @@
 #include "cells.h"
 
+#include "midikeys.h"
+#include "storedtexts.h"
+
+namespace controller {
+
 namespace {
 
 /// Whether a side of \a count buttons has one at \a line: they start at the line of the first pad.
@@ -33,17 +38,19 @@ QString padtext(int row, int col)
     if (!Grid::contains(row, col) || Grid::isspacer(row) || Grid::isspacer(col) || (siderow && sidecolumn))
         return QLatin1String("");
     if (row == Grid::FirstSide)
-        return QStringLiteral("TOP %1").arg(col - 1);
+        return Stored::top(col - 1);
     if (row == Grid::LastSide)
-        return QStringLiteral("BOTTOM %1").arg(col - 1);
+        return Stored::bottom(col - 1);
     if (col == Grid::FirstSide)
-        return QStringLiteral("LEFT %1").arg(row - 1);
+        return Stored::left(row - 1);
     if (col == Grid::LastSide)
-        return QStringLiteral("RIGHT %1").arg(row - 1);
-    return QStringLiteral("PAD %1").arg(8 * row + col - 17);
+        return Stored::right(row - 1);
+    return Stored::pad(Grid::PadsPerLine * (row - Grid::FirstPad) + col - Grid::FirstPad + 1);
 }
 
 QString padavail(int row, int col, const Record& device)
 {
     return isavailable(row, col, device) ? QStringLiteral("1") : QStringLiteral("0");
 }
+
+} // namespace controller

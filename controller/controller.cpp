@@ -2,75 +2,48 @@
 
 #include "cells.h"
 #include "itemroles.h"
+#include "occupied.h"
 #include "payload.h"
+#include "storedtexts.h"
 
 #include <QBuffer>
 #include <QColor>
 #include <QImage>
-#include <QMimeData>
 
 #include <algorithm>
 
 namespace {
 
-/// The record key behind a role; null for roles without one.
-QString keyofrole(int role)
+const QVector<RecordRole>& roles()
 {
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return Key::name();
-    case Qt::DecorationRole:
-        return Key::color();
-    case Qt::ForegroundRole:
-        return Key::textColor();
-    case ItemRole::Page:
-        return Key::pageNr();
-    case ItemRole::DspName:
-        return Key::dspName();
-    case ItemRole::Id:
-        return Key::id();
-    case ItemRole::Avail:
-        return Key::avail();
-    case ItemRole::ColorOff:
-        return Key::colorOff();
-    case ItemRole::ColorOn:
-        return Key::colorOn();
-    case ItemRole::Blink:
-        return Key::blink();
-    default:
-        return QString();
-    }
-}
-
-Record newcell()
-{
-    return {
-        {Key::name(), QLatin1String("")},
-        {Key::dspName(), QLatin1String("")},
-        {Key::id(), QStringLiteral("-1")},
-        {Key::avail(), QStringLiteral("1")},
-        {Key::color(), QStringLiteral("#000000")},
-        {Key::colorOff(), QLatin1String("")},
-        {Key::colorOn(), QLatin1String("")},
-        {Key::blink(), QStringLiteral("0")},
-        {Key::textColor(), QStringLiteral("#ffffff")},
-        {Key::pageNr(), QStringLiteral("0")},
+    static const QVector<RecordRole> table{
+        {Qt::DisplayRole, Key::name()},
+        {Qt::EditRole, Key::name()},
+        {Qt::DecorationRole, Key::color(), RecordRole::Color},
+        {Qt::ForegroundRole, Key::textColor(), RecordRole::Color},
+        {ItemRole::Page, Key::pageNr()},
+        {ItemRole::DspName, Key::dspName()},
+        {ItemRole::Id, Key::id()},
+        {ItemRole::Avail, Key::avail()},
+        {ItemRole::ColorOff, Key::colorOff()},
+        {ItemRole::ColorOn, Key::colorOn()},
+        {ItemRole::Blink, Key::blink()},
     };
+    return table;
 }
 
 /// What a payload puts into a cell; the text colour does not travel.
-Record placedcell(const Payload& payload)
+Record placedcell(const show::Payload& payload)
 {
     return {
-        {Key::name(), payload.fields.at(PayloadName)},
-        {Key::pageNr(), payload.fields.at(PayloadPage)},
-        {Key::dspName(), payload.fields.at(PayloadDspName)},
-        {Key::id(), payload.fields.at(PayloadId)},
-        {Key::avail(), payload.fields.at(PayloadAvail)},
-        {Key::colorOff(), payload.fields.at(PayloadColorOff)},
-        {Key::colorOn(), payload.fields.at(PayloadColorOn)},
-        {Key::blink(), payload.fields.at(PayloadBlink)},
+        {Key::name(), payload.fields.at(show::PayloadName)},
+        {Key::pageNr(), payload.fields.at(show::PayloadPage)},
+        {Key::dspName(), payload.fields.at(show::PayloadDspName)},
+        {Key::id(), payload.fields.at(show::PayloadId)},
+        {Key::avail(), payload.fields.at(show::PayloadAvail)},
+        {Key::colorOff(), payload.fields.at(show::PayloadColorOff)},
+        {Key::colorOn(), payload.fields.at(show::PayloadColorOn)},
+        {Key::blink(), payload.fields.at(show::PayloadBlink)},
         {Key::color(), payload.color},
     };
 }
@@ -92,13 +65,6 @@ Record vacatedcell(const QString& label)
     };
 }
 
-/// Sets those keys of \a cell that \a values has.
-void overwrite(Record* cell, const Record& values)
-{
-    for (auto value = values.cbegin(); value != values.cend(); ++value)
-        cell->insert(value.key(), value.value());
-}
-
 /// A colour as an image that rich text can show; black when \a colorname names no colour.
 QString swatchimage(const QString& colorname)
 {
@@ -112,49 +78,32 @@ QString swatchimage(const QString& colorname)
            QStringLiteral("'>");
 }
 
+/// \a name for rich text, in which it is to read as it stands.
+QString astext(const QString& name) { return name.contains(QLatin1Char('<')) ? name.toHtmlEscaped() : name; }
+
 } // namespace
 
-Controller::Controller(QObject* parent) : DragModel(parent) {}
+Controller::Controller(QObject* parent) : Controller(QList<QList<Record>>(), parent) {}
 
-Controller::Controller(const QList<QList<Record>>& grid, QObject* parent) : DragModel(parent), m_grid(grid) {}
-
-int Controller::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_grid.size(); }
-
-int Controller::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Grid::Lines; }
-
-QVariant Controller::data(const QModelIndex& index, int role) const
+Controller::Controller(const QList<QList<Record>>& grid, QObject* parent)
+    : RecordModel(Grid::Lines, roles(), show::PayloadBlink + 1, grid, parent)
 {
-    const Record* cell = cellat(index);
-    if (!cell)
-        return QVariant();
-    switch (role) {
-    case Qt::DecorationRole:
-    case Qt::ForegroundRole:
-        return QColor(cell->value(keyofrole(role)));
-    case Qt::BackgroundRole:
-        return QColor(Qt::white);
-    case Qt::ToolTipRole:
-        if (cell->value(Key::id()) == QLatin1String("-1") || cell->value(Key::avail()) == QLatin1String("0"))
-            return QVariant();
-        return tooltip(index.row(), index.column());
-    default:
-        break;
-    }
-    const QString key = keyofrole(role);
-    return key.isNull() ? QVariant() : cell->value(key);
 }
 
-bool Controller::setData(const QModelIndex& index, const QVariant& value, int role)
+Record Controller::newrecord() const
 {
-    if (!cellat(index))
-        return false;
-    if (role == Qt::BackgroundRole)
-        return true; // the background is always white; callers set it all the same
-    const QString key = keyofrole(role);
-    if (key.isNull())
-        return false;
-    m_grid[index.row()][index.column()][key] = value.toString();
-    return true;
+    return {
+        {Key::name(), QLatin1String("")},
+        {Key::dspName(), QLatin1String("")},
+        {Key::id(), QStringLiteral("-1")},
+        {Key::avail(), QStringLiteral("1")},
+        {Key::color(), QStringLiteral("#000000")},
+        {Key::colorOff(), QLatin1String("")},
+        {Key::colorOn(), QLatin1String("")},
+        {Key::blink(), QStringLiteral("0")},
+        {Key::textColor(), QStringLiteral("#ffffff")},
+        {Key::pageNr(), QStringLiteral("0")},
+    };
 }
 
 QVariant Controller::headerData(int section, Qt::Orientation orientation, int role) const
@@ -163,74 +112,59 @@ QVariant Controller::headerData(int section, Qt::Orientation orientation, int ro
         return QVariant();
     if (orientation == Qt::Vertical)
         return QString(QLatin1String(""));
-    return section == 0 ? QVariant(QStringLiteral("Color")) : QVariant();
+    return section == 0 ? QVariant(tr("Color")) : QVariant();
 }
 
 QMimeData* Controller::mimeData(const QModelIndexList& indexes) const
 {
-    return encodepayload(indexes, {{Qt::EditRole, {}},
-                                   {ItemRole::Page, {}},
-                                   {ItemRole::DspName, {}},
-                                   {-1, QStringLiteral("0")},
-                                   {ItemRole::Id, {}},
-                                   {ItemRole::Avail, {}},
-                                   {ItemRole::ColorOff, {}},
-                                   {ItemRole::ColorOn, {}},
-                                   {ItemRole::Blink, {}}});
+    return show::encodepayload(indexes, {{Qt::EditRole, {}},
+                                         {ItemRole::Page, {}},
+                                         {ItemRole::DspName, {}},
+                                         {-1, QStringLiteral("0")},
+                                         {ItemRole::Id, {}},
+                                         {ItemRole::Avail, {}},
+                                         {ItemRole::ColorOff, {}},
+                                         {ItemRole::ColorOn, {}},
+                                         {ItemRole::Blink, {}}});
 }
 
-bool Controller::dropMimeData(const QMimeData* data, Qt::DropAction action, int, int,
-                              const QModelIndex& parent)
+bool Controller::drop(const show::Payload& payload, const QModelIndex& target)
 {
-    if (action == Qt::IgnoreAction)
-        return true;
-    const auto payload = decodepayload(data, PayloadBlink + 1);
-    if (!payload || !cellat(parent))
-        return false;
-    const int sourceRow = payload->sourceRow;
-    const int sourceColumn = payload->sourceColumn;
-    const bool sourceexists = payload->frompad() ? hascell(sourceRow, sourceColumn) : sourceRow >= 0;
+    const int sourceRow = payload.sourceRow;
+    const int sourceColumn = payload.sourceColumn;
+    const bool sourceexists = payload.frompad() ? hasrecord(sourceRow, sourceColumn) : sourceRow >= 0;
     if (!sourceexists)
         return false;
 
-    Record* target = &m_grid[parent.row()][parent.column()];
-    const Record placed = placedcell(*payload);
+    const Record placed = placedcell(payload);
     Record former;
     for (auto value = placed.cbegin(); value != placed.cend(); ++value)
-        former.insert(value.key(), target->value(value.key()));
-    overwrite(target, placed);
+        former.insert(value.key(), recordat(target)->value(value.key()));
+    overwrite(target.row(), target.column(), placed);
 
-    if (payload->frompad()) {
-        const bool wasempty = former.value(Key::id()) == QLatin1String("-1");
-        overwrite(&m_grid[sourceRow][sourceColumn],
+    if (payload.frompad()) {
+        const bool wasempty = show::isvacant(former.value(Key::id()));
+        overwrite(sourceRow, sourceColumn,
                   wasempty ? vacatedcell(getpadindex(sourceRow, sourceColumn)) : former);
         return true;
     }
-    emit ItemDroped(sourceRow, parent.row(), parent.column());
-    if (payload->fromlist() && former.value(Key::pageNr()).toInt() >= 1)
+    emit ItemDroped(sourceRow, target.row(), target.column());
+    if (payload.fromlist() && show::onlivepage(former.value(Key::pageNr())))
         emit ItemToUncheck(former.value(Key::id()).toInt());
     return true;
-}
-
-bool Controller::insertRows(int row, int count, const QModelIndex& parent)
-{
-    QList<Record> cells;
-    for (int col = 0; col < Grid::Lines; ++col)
-        cells.append(newcell());
-    return insertattop(&m_grid, cells, row, count, parent);
 }
 
 bool Controller::removeRows(int row, int count, const QModelIndex& parent)
 {
     if (parent.isValid() || row < 0 || count < 0)
         return false;
-    const int existing = std::min(count, m_grid.size() - row);
+    const int existing = std::min(count, rowCount() - row);
     if (existing < 1)
         return true;
     beginRemoveRows(parent, row, row + existing - 1);
     for (int i = 0; i < existing; ++i) {
-        for (int k = 0; k < Grid::Lines && row + k < m_grid.size(); ++k)
-            m_grid.removeAt(row + k);
+        for (int k = 0; k < Grid::Lines && row + k < m_rows.size(); ++k)
+            m_rows.removeAt(row + k);
     }
     endRemoveRows();
     return true;
@@ -239,74 +173,124 @@ bool Controller::removeRows(int row, int count, const QModelIndex& parent)
 Qt::ItemFlags Controller::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
-        return DragModel::flags(index);
-    const Record* cell = cellat(index);
+        return RecordModel::flags(index);
+    const Record* cell = recordat(index);
     if (!cell)
         return Qt::NoItemFlags;
     const bool usable = cell->value(Key::avail()) == QLatin1String("1");
-    if (cell->value(Key::pageNr()) == QLatin1String("0"))
+    if (!show::haspage(cell->value(Key::pageNr())))
         return usable ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDropEnabled
                       : Qt::ItemFlags(Qt::NoItemFlags);
     return usable ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled
                   : Qt::ItemFlags(Qt::ItemIsSelectable);
 }
 
-QList<QList<Record>> Controller::getList() const { return m_grid; }
+QList<QList<Record>> Controller::getList() const { return m_rows; }
 
 QString Controller::getpadindex(int row, int col) const
 {
     const bool top = row == Grid::FirstSide;
     const bool bottom = row == Grid::LastSide;
     if (!(top || bottom) || !Grid::contains(row, col))
-        return padtext(row, col);
+        return controller::padtext(row, col);
     if (col == 0 || col == 10)
         return QLatin1String("");
-    return (top ? QStringLiteral("TOP %1") : QStringLiteral("BOTTOM %1")).arg(col - 1);
+    return top ? Stored::top(col - 1) : Stored::bottom(col - 1);
 }
 
-bool Controller::hascell(int row, int col) const
+QVariant Controller::tooltip(const QModelIndex& index) const
 {
-    return row >= 0 && row < m_grid.size() && col >= 0 && col < m_grid.at(row).size();
-}
-
-const Record* Controller::cellat(const QModelIndex& index) const
-{
-    const bool ours = index.model() == this && hascell(index.row(), index.column());
-    return ours ? &m_grid.at(index.row()).at(index.column()) : nullptr;
-}
-
-QString Controller::tooltip(int row, int col) const
-{
-    const Record& cell = m_grid.at(row).at(col);
-    QString text = getpadindex(row, col) + QStringLiteral("<br>Live Button: ") + cell.value(Key::name());
+    const Record& cell = *recordat(index);
+    if (show::isvacant(cell.value(Key::id())) || cell.value(Key::avail()) == QLatin1String("0"))
+        return QVariant();
+    QString text = tr("%1<br>Live Button: %2")
+                       .arg(getpadindex(index.row(), index.column()), astext(cell.value(Key::name())));
     if (!cell.value(Key::colorOff()).isEmpty())
-        text += QStringLiteral("<br>Off Color : ") + swatchimage(cell.value(Key::colorOff()));
+        text += tr("<br>Off Color : %1").arg(swatchimage(cell.value(Key::colorOff())));
     if (!cell.value(Key::colorOn()).isEmpty())
-        text += QStringLiteral("<br>On Color : ") + swatchimage(cell.value(Key::colorOn()));
+        text += tr("<br>On Color : %1").arg(swatchimage(cell.value(Key::colorOn())));
     if (cell.value(Key::blink()) == QLatin1String("1"))
-        text += QStringLiteral("<br>Blink : Yes");
-    return text + QStringLiteral("<br><br>Right-click to Remove");
+        text += tr("<br>Blink : Yes");
+    return QString(text + tr("<br><br>Right-click to Remove"));
 }
+
+namespace controller {
+
+namespace {
+
+/// Calls \a edit with every cell of \a grid, row by row.
+template<class Edit>
+void foreachcell(const Controller& grid, Edit edit)
+{
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int col = 0; col < grid.columnCount(); ++col)
+            edit(grid.index(row, col));
+    }
+}
+
+void rename(Controller* grid, const QModelIndex& cell, const QString& name)
+{
+    grid->setData(cell, name, Qt::EditRole);
+    grid->setData(cell, name, ItemRole::DspName);
+}
+
+/// Takes the Live Button off a cell, whose colour stays as it is.
+void vacate(Controller* grid, const QModelIndex& cell)
+{
+    rename(grid, cell, padtext(cell.row(), cell.column()));
+    grid->setData(cell, QStringLiteral("0"), ItemRole::Page);
+    grid->setData(cell, QStringLiteral("-1"), ItemRole::Id);
+}
+
+} // namespace
 
 void fillcells(Controller* grid, const Record& device)
 {
     grid->removeRows(0, grid->rowCount());
     grid->insertRows(0, Grid::Lines);
-    for (int row = 0; row < Grid::Lines; ++row) {
-        for (int col = 0; col < Grid::Lines; ++col) {
-            const QModelIndex cell = grid->index(row, col);
-            const QString label = padtext(row, col);
-            grid->setData(cell, label, Qt::EditRole);
-            grid->setData(cell, label, ItemRole::DspName);
-        }
-    }
+    foreachcell(*grid,
+                [grid](const QModelIndex& cell) { rename(grid, cell, padtext(cell.row(), cell.column())); });
     updateavail(grid, device);
 }
 
 void updateavail(Controller* grid, const Record& device)
 {
-    for (int row = 0; row < grid->rowCount(); ++row) {
-        for (int col = 0; col < grid->columnCount(); ++col)
-            grid->setData(grid->index(row, col), padavail(row, col, device), ItemRole::Avail);
-    }
+    foreachcell(*grid, [&](const QModelIndex& cell) {
+        grid->setData(cell, padavail(cell.row(), cell.column(), device), ItemRole::Avail);
+    });
 }
+
+void takeoff(Controller* grid, const QModelIndex& cell)
+{
+    vacate(grid, cell);
+    grid->setData(cell, QStringLiteral("#000000"), Qt::DecorationRole);
+}
+
+void emptycell(Controller* grid, const QModelIndex& cell)
+{
+    takeoff(grid, cell);
+    grid->setData(cell, QStringLiteral("1"), ItemRole::Avail);
+    grid->setData(cell, QStringLiteral("#ffffff"), Qt::ForegroundRole);
+}
+
+void makeswitch(Controller* grid, const QModelIndex& cell)
+{
+    emptycell(grid, cell);
+    rename(grid, cell, Stored::switchPad());
+    grid->setData(cell, QStringLiteral("0"), ItemRole::Avail);
+    // Not seen in the grid, which paints every cell out of use in grey.
+    grid->setData(cell, QStringLiteral("green"), Qt::ForegroundRole);
+}
+
+void cleancells(Controller* grid, const Record& device)
+{
+    foreachcell(*grid, [&](const QModelIndex& cell) {
+        const QString avail = padavail(cell.row(), cell.column(), device);
+        vacate(grid, cell);
+        grid->setData(cell, avail, ItemRole::Avail);
+        if (avail == QLatin1String("1"))
+            grid->setData(cell, QStringLiteral("#000000"), Qt::DecorationRole);
+    });
+}
+
+} // namespace controller

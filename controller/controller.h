@@ -1,14 +1,12 @@
 #pragma once
 
-#include "dragmodel.h"
-#include "record.h"
+#include "recordmodel.h"
 
 #include <QList>
 
 /// The controller grid: 12 by 12 pad records that mirror the face of the current MIDI controller (see
-/// cells.h for its geometry). `setData` and drops emit no `dataChanged`: whoever changes cells has the view
-/// repainted.
-class Controller : public DragModel
+/// cells.h for its geometry).
+class Controller : public RecordModel
 {
     Q_OBJECT
 
@@ -19,28 +17,9 @@ public:
     /// nothing and take nothing.
     explicit Controller(const QList<QList<Record>>& grid, QObject* parent = nullptr);
 
-    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Always 12 for the grid itself, whatever the rows hold.
-    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Invalid for an index without a cell and for roles the grid does not know. The tool tip is rich text
-    /// with the pad's own colours as images, and invalid for a cell without a Live Button or out of use.
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Stores \a value as text; false, with nothing changed, for an index without a cell and for roles
-    /// without a key. The background is always white: setting it is accepted and stores nothing.
-    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     /// Eleven fields per cell; the caller owns the result.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
-    /// Puts the payload's first item into the cell \a parent; \a row and \a column are not used. A pad of
-    /// this grid moves there, or changes places with the Live Button that is there, without a signal. A Live
-    /// Button from the list is copied there and reported by the signals below. A payload that is no whole
-    /// item, a source that does not exist or a target without a cell is refused: false, with nothing
-    /// changed. The ignore action does nothing and gives true.
-    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
-                      const QModelIndex& parent) override;
-    /// Puts the new rows at the top, whatever \a row says, and announces them at \a row, which callers give
-    /// as 0. False, with nothing changed, for a count below 1.
-    bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Announces rows \a row to \a row + \a count - 1 as removed, as far as they exist. Then, once for each
     /// of them, takes away every other row from \a row on, twelve at most: together often more than
     /// announced. Callers only ever remove all rows, where both agree. False for a negative row or count.
@@ -60,14 +39,18 @@ signals:
     /// The drop just reported took the place of the Live Button \a buttonId.
     void ItemToUncheck(int buttonId);
 
-private:
-    bool hascell(int row, int col) const;
-    /// The cell's record, or null when \a index has no cell of this grid.
-    const Record* cellat(const QModelIndex& index) const;
-    QString tooltip(int row, int col) const;
-
-    QList<QList<Record>> m_grid;
+protected:
+    Record newrecord() const override;
+    /// Rich text with the pad's own colours as images; none for a cell without a Live Button or out of use. A
+    /// Live Button's name is shown as it stands, also where it looks like markup.
+    QVariant tooltip(const QModelIndex& index) const override;
+    /// A pad of this grid moves to \a target, or changes places with the Live Button that is there, without a
+    /// signal. A Live Button from the list is copied there and reported by the signals. Refused for a source
+    /// that does not exist.
+    bool drop(const show::Payload& payload, const QModelIndex& target) override;
 };
+
+namespace controller {
 
 /// Replaces whatever \a grid holds with 12 rows of empty cells, labelled, and usable as far as \a device has
 /// them.
@@ -75,3 +58,17 @@ void fillcells(Controller* grid, const Record& device);
 
 /// Sets which cells of \a grid are usable on \a device; placed Live Buttons stay where they are.
 void updateavail(Controller* grid, const Record& device);
+
+// What a cell looks like that holds no Live Button any more. A cell outside the grid changes nothing; the
+// pad's own colours and blink stay for the next Live Button.
+
+/// Takes the Live Button off a cell, and nothing else.
+void takeoff(Controller* grid, const QModelIndex& cell);
+/// Makes a cell an empty, usable pad; the switch becomes an ordinary pad by it.
+void emptycell(Controller* grid, const QModelIndex& cell);
+/// Makes a cell the switch: an empty pad that can be neither dragged nor dropped on.
+void makeswitch(Controller* grid, const QModelIndex& cell);
+/// Takes every Live Button off. A cell that \a device does not have keeps the colour that it had.
+void cleancells(Controller* grid, const Record& device);
+
+} // namespace controller

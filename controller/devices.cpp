@@ -1,11 +1,14 @@
 #include "devices.h"
 
+#include "storedtexts.h"
 #include "xmlelements.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
+
+namespace controller {
 
 namespace {
 
@@ -53,8 +56,8 @@ DeviceLists readdefaultmappers(const QString& folder)
             const Record device = devicerecord(layout.attributes, name, path);
             const QString id = device.value(Key::device());
             lists.devices.append(device);
-            lists.mappers.append(mapperrecord(id, QStringLiteral("Simple OS2L mapping"), factorypath));
-            lists.mappers.append(mapperrecord(id, name + QStringLiteral(" mapping (factory)"), factorypath));
+            lists.mappers.append(mapperrecord(id, Stored::simpleMapping(), factorypath));
+            lists.mappers.append(mapperrecord(id, Stored::factoryMapping(name), factorypath));
         }
     }
     return lists;
@@ -103,4 +106,12 @@ QString palettecolor(const Record& device, const QString& key)
     return palette(device).value(device.value(key).toInt());
 }
 
-bool isfullrgb(const Record& device) { return device.value(Key::fullRgb()) == QLatin1String("true"); }
+LedColors ledcolors(const Record& device)
+{
+    const QString fullrgb = device.value(Key::fullRgb());
+    if (fullrgb == QLatin1String("true"))
+        return LedColors::Any;
+    return fullrgb == QLatin1String("false") ? LedColors::Palette : LedColors::Unstated;
+}
+
+} // namespace controller

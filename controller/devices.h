@@ -1,10 +1,12 @@
 #pragma once
 
-#include "record.h"
+#include "midikeys.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+namespace controller {
 
 /// The MIDI controllers that the program knows, and the mappings to choose from for each.
 struct DeviceLists
@@ -39,5 +41,14 @@ QStringList palette(const Record& device);
 /// palette. A text that is no number reads as 0.
 QString palettecolor(const Record& device, const QString& key);
 
-/// Whether every LED of \a device takes any colour.
-bool isfullrgb(const Record& device);
+/// What the LEDs of a device can show.
+enum class LedColors {
+    Any,     ///< every colour
+    Palette, ///< the colours of the device's palette
+    Unstated ///< the layout does not say: the mapping names palette colours, but a pad's own may be any
+};
+
+/// Reads `fullrgb` of \a device: "true", "false" or anything else.
+LedColors ledcolors(const Record& device);
+
+} // namespace controller

@@ -1,10 +1,13 @@
 #include "keylist.h"
 
+#include "midikeys.h"
 #include "os2laction.h"
 #include "xmlelements.h"
 
 #include <QFileInfo>
 #include <QHash>
+
+namespace controller {
 
 namespace {
 
@@ -70,3 +73,5 @@ QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath)
     }
     return keys;
 }
+
+} // namespace controller

@@ -1,10 +1,14 @@
 #include "mapperwriter.h"
 
 #include "itemroles.h"
+#include "midikeys.h"
+#include "occupied.h"
 #include "os2laction.h"
 
 #include <QAbstractItemModel>
 #include <QColor>
+
+namespace controller {
 
 namespace {
 
@@ -89,7 +93,7 @@ QString controllines(const Mapping& mapping, const Record& key, bool ispad)
     const auto lines = [&key](const QString& pressed, const QString& shown) {
         return line(key.value(Key::value()), pressed) + line(key.value(Key::led()), shown);
     };
-    const bool placed = pad.id >= 0;
+    const bool placed = show::holdsbutton(pad.id);
     if (!mapping.combined)
         return placed ? lines(press, shine) : lines(nothing, led.dark);
     if (placed)
@@ -159,3 +163,5 @@ QVector<QVector<MapperPad>> mapperpads(const QAbstractItemModel& grid)
     }
     return rows;
 }
+
+} // namespace controller

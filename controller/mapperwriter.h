@@ -9,6 +9,8 @@
 
 class QAbstractItemModel;
 
+namespace controller {
+
 /// One cell of the controller grid as the mapper file knows it.
 struct MapperPad
 {
@@ -42,3 +44,5 @@ QString mapperxml(const Mapping& mapping);
 
 /// The cells of \a grid (a Controller) as the mapper file takes them, row by row.
 QVector<QVector<MapperPad>> mapperpads(const QAbstractItemModel& grid);
+
+} // namespace controller

@@ -1,5 +1,7 @@
 #include "os2laction.h"
 
+namespace controller {
+
 QString xmlparse(const QString& text)
 {
     QString escaped = text;
@@ -47,3 +49,5 @@ QString removeos2l(const QString& action)
     // An alternative ahead of every condition is the one that OS2L was given; what follows is the factory's.
     return action.mid(q < 0 || q > c ? behind(c) : start);
 }
+
+} // namespace controller

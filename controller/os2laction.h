@@ -2,6 +2,8 @@
 
 #include <QString>
 
+namespace controller {
+
 /// Escapes \a text for an attribute of a mapper file: every "'" becomes "&apos;", then every double quote
 /// "&quot;", then every " & " (with its blanks) " &amp; ". Nothing else: VirtualDJ's actions hold the
 /// ampersand in the spaced form only.
@@ -12,3 +14,5 @@ QString xmlparse(const QString& text);
 /// Not everything can be told apart: the switch control's action comes back empty and its LED dark, and a LED
 /// action without " : " ("off") is lost behind a Live Button that does not blink.
 QString removeos2l(const QString& action);
+
+} // namespace controller

@@ -1,10 +1,13 @@
 #include "padspagewriter.h"
 
 #include "itemroles.h"
+#include "occupied.h"
 #include "padgeometry.h"
 
 #include <QAbstractItemModel>
 #include <QColor>
+
+namespace padspage {
 
 namespace {
 
@@ -17,7 +20,7 @@ bool isused(const PadsPage& page, int bank)
 {
     for (int row = bank * rowsPerBank; row < (bank + 1) * rowsPerBank; ++row)
         for (int column = 0; column < padColumns; ++column)
-            if (padat(page, row, column).pageNr > 0)
+            if (show::onlivepage(padat(page, row, column).pageNr))
                 return true;
     return false;
 }
@@ -52,7 +55,7 @@ QString padline(const PadsPage& page, const QVector<int>& banks, int position)
     for (int bank : banks) {
         const PadsPagePad pad =
             padat(page, bank * rowsPerBank + position % rowsPerBank, position / rowsPerBank);
-        const bool occupied = pad.pageNr > 0;
+        const bool occupied = show::onlivepage(pad.pageNr);
         texts << verb(QStringLiteral("get_text"), occupied ? pad.text : QString());
         colors << verb(QStringLiteral("color"), occupied ? pad.color : QStringLiteral("transparent"));
         actions << (occupied ? verb(QStringLiteral("os2l_button"), pad.button) : QStringLiteral("nothing"));
@@ -102,3 +105,5 @@ QVector<QVector<PadsPagePad>> padspagepads(const QAbstractItemModel& grid)
     }
     return rows;
 }
+
+} // namespace padspage

@@ -6,6 +6,8 @@
 
 class QAbstractItemModel;
 
+namespace padspage {
+
 /// One pad as the pads page file knows it.
 struct PadsPagePad
 {
@@ -38,3 +40,5 @@ QString padspagexml(const PadsPage& page);
 
 /// The pads of `grid` (a VDJModel) as the pads page file takes them, row by row.
 QVector<QVector<PadsPagePad>> padspagepads(const QAbstractItemModel& grid);
+
+} // namespace padspage

@@ -1,40 +1,179 @@
 #include "project.h"
 
+#include "itemroles.h"
+#include "record.h"
 #include "xmlelements.h"
 
-#include <QStringList>
+#include <QColor>
+#include <QVector>
+
+namespace project {
 
 namespace {
 
-bool ismidi(const Record& project) { return project.value(Key::type()) == QLatin1String("midi"); }
+// The words of the file that are not keys of the grid's records too.
+namespace Word {
+QString project() { return QStringLiteral("project"); }
+QString key() { return QStringLiteral("key"); }
+QString type() { return QStringLiteral("type"); }
+QString pads() { return QStringLiteral("pads"); }
+QString midi() { return QStringLiteral("midi"); }
+QString show() { return QStringLiteral("show"); }
+QString showName() { return QStringLiteral("showname"); }
+QString exportName() { return QStringLiteral("export"); }
+QString layout() { return QStringLiteral("layout"); }
+QString banks() { return QStringLiteral("banks"); }
+QString deviceId() { return QStringLiteral("deviceid"); }
+QString switchPad() { return QStringLiteral("switch"); }
+QString offColor() { return QStringLiteral("offcolor"); }
+QString onColor() { return QStringLiteral("oncolor"); }
+QString row() { return QStringLiteral("row"); }
+QString column() { return QStringLiteral("column"); }
+} // namespace Word
 
-QStringList projectattributes(bool midi)
+/// An attribute of a `key` element: its name, the role that the grid keeps it under, and where a cell has it.
+template<class Cell>
+struct Attribute
 {
-    if (midi)
-        return {QStringLiteral("deviceid"), QStringLiteral("type"),   QStringLiteral("show"),
-                QStringLiteral("showname"), QStringLiteral("switch"), QStringLiteral("offcolor"),
-                QStringLiteral("oncolor"),  QStringLiteral("export")};
-    return {QStringLiteral("type"),   QStringLiteral("show"),   QStringLiteral("showname"),
-            QStringLiteral("export"), QStringLiteral("layout"), QStringLiteral("banks")};
+    QString name;
+    int role;
+    QString Cell::*value;
+};
+
+// The order is that of the file.
+const QVector<Attribute<PadCell>>& attributes(const PadCell*)
+{
+    static const QVector<Attribute<PadCell>> table{
+        {Key::name(), Qt::EditRole, &PadCell::name},
+        {Key::dspName(), ItemRole::DspName, &PadCell::dspName},
+        {Key::pageNr(), ItemRole::Page, &PadCell::pageNr},
+        {Key::id(), ItemRole::Id, &PadCell::id},
+        {Key::color(), Qt::DecorationRole, &PadCell::color},
+    };
+    return table;
 }
 
-QStringList keyattributes(bool midi)
+const QVector<Attribute<ControllerCell>>& attributes(const ControllerCell*)
 {
-    QStringList attributes{QStringLiteral("row"), QStringLiteral("column"),
-                           Key::name(),           Key::dspName(),
-                           Key::pageNr(),         Key::id()};
-    if (midi)
-        attributes << Key::avail() << Key::colorOff() << Key::colorOn() << Key::blink();
-    return attributes << Key::color();
+    static const QVector<Attribute<ControllerCell>> table{
+        {Key::name(), Qt::EditRole, &ControllerCell::name},
+        {Key::dspName(), ItemRole::DspName, &ControllerCell::dspName},
+        {Key::pageNr(), ItemRole::Page, &ControllerCell::pageNr},
+        {Key::id(), ItemRole::Id, &ControllerCell::id},
+        {Key::avail(), ItemRole::Avail, &ControllerCell::avail},
+        {Key::colorOff(), ItemRole::ColorOff, &ControllerCell::colorOff},
+        {Key::colorOn(), ItemRole::ColorOn, &ControllerCell::colorOn},
+        {Key::blink(), ItemRole::Blink, &ControllerCell::blink},
+        {Key::color(), Qt::DecorationRole, &ControllerCell::color},
+    };
+    return table;
 }
 
-/// Every attribute is followed by one blank, the last one too.
-QString attributetext(const QStringList& names, const Record& values)
+template<class Cell>
+const QVector<Attribute<Cell>>& attributes()
 {
-    QString text;
-    for (const QString& name : names)
-        text += name + "=\"" + values.value(name) + "\" ";
-    return text;
+    return attributes(static_cast<const Cell*>(nullptr));
+}
+
+/// One attribute, which one blank follows, the last one of an element too.
+QString attribute(const QString& name, const QString& value) { return name + "=\"" + value + "\" "; }
+
+QString headtext(const Head& head, bool midi)
+{
+    const QString show = attribute(Word::show(), head.show) + attribute(Word::showName(), head.showName);
+    const QString name = attribute(Word::exportName(), head.exportName);
+    if (midi) {
+        const ControllerSettings& settings = head.controller;
+        return attribute(Word::deviceId(), settings.device) + attribute(Word::type(), Word::midi()) + show +
+               attribute(Word::switchPad(), QString::number(settings.switchPad.row) + ',' +
+                                                QString::number(settings.switchPad.column)) +
+               attribute(Word::offColor(), QString::number(settings.offColor.value_or(-1))) +
+               attribute(Word::onColor(), QString::number(settings.onColor.value_or(-1))) + name;
+    }
+    return attribute(Word::type(), Word::pads()) + show + name +
+           attribute(Word::layout(), head.pads.sixteenPads ? QStringLiteral("1") : QStringLiteral("0")) +
+           attribute(Word::banks(), head.pads.banks.join(QLatin1Char(',')));
+}
+
+template<class Cell>
+QString keylines(const QList<Cell>& cells)
+{
+    QString lines;
+    for (const Cell& cell : cells) {
+        lines += "\t<key " + attribute(Word::row(), QString::number(cell.row)) +
+                 attribute(Word::column(), QString::number(cell.column));
+        for (const Attribute<Cell>& kept : attributes<Cell>())
+            lines += attribute(kept.name, cell.*kept.value);
+        lines += QLatin1String("/>\n");
+    }
+    return lines;
+}
+
+Position readposition(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    return parts.size() < 2 ? Position() : Position{parts.at(0).toInt(), parts.at(1).toInt()};
+}
+
+std::optional<int> readindex(const QString& text)
+{
+    return text.isEmpty() ? std::nullopt : std::optional<int>(text.toInt());
+}
+
+Head readhead(const Record& attributes)
+{
+    const QString banks = attributes.value(Word::banks());
+    return {attributes.value(Word::show()),
+            attributes.value(Word::showName()),
+            attributes.value(Word::exportName()),
+            {attributes.value(Word::layout()) == QLatin1String("1"),
+             banks.isEmpty() ? QStringList() : banks.split(QLatin1Char(','))},
+            {attributes.value(Word::deviceId()), readposition(attributes.value(Word::switchPad())),
+             readindex(attributes.value(Word::offColor())), readindex(attributes.value(Word::onColor()))}};
+}
+
+template<class Cell>
+QList<Cell> readcells(const QList<Record>& keys)
+{
+    QList<Cell> cells;
+    for (const Record& key : keys) {
+        Cell cell;
+        cell.row = key.value(Word::row()).toInt();
+        cell.column = key.value(Word::column()).toInt();
+        for (const Attribute<Cell>& kept : attributes<Cell>())
+            cell.*kept.value = key.value(kept.name);
+        cells.append(cell);
+    }
+    return cells;
+}
+
+template<class Cell>
+QList<Cell> takecells(const QAbstractItemModel& grid)
+{
+    QList<Cell> cells;
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            const QModelIndex index = grid.index(row, column);
+            Cell cell;
+            cell.row = row;
+            cell.column = column;
+            for (const Attribute<Cell>& kept : attributes<Cell>()) {
+                const QVariant value = index.data(kept.role);
+                cell.*kept.value =
+                    kept.role == Qt::DecorationRole ? value.value<QColor>().name() : value.toString();
+            }
+            cells.append(cell);
+        }
+    }
+    return cells;
+}
+
+template<class Cell>
+void put(QAbstractItemModel* grid, const Cell& cell)
+{
+    const QModelIndex index = grid->index(cell.row, cell.column);
+    for (const Attribute<Cell>& kept : attributes<Cell>())
+        grid->setData(index, cell.*kept.value, kept.role);
 }
 
 } // namespace
@@ -42,21 +181,38 @@ QString attributetext(const QStringList& names, const Record& values)
 // Plain joining, not QString::arg: a name may hold "%1", and arg would take it for a place to fill.
 QString projectxml(const Project& project)
 {
-    const Record head = project.projects.value(0);
-    const bool midi = ismidi(head);
-    QString xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project " +
-                  attributetext(projectattributes(midi), head) + ">\n";
-    for (const Record& key : project.keys)
-        xml += "\t<key " + attributetext(keyattributes(midi), key) + "/>\n";
-    return xml + "</project>\n";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project " +
+           headtext(project.heads.value(0), project.ismidi()) + ">\n" +
+           std::visit([](const auto& cells) { return keylines(cells); }, project.cells) + "</project>\n";
 }
 
 Project readproject(const QByteArray& text)
 {
-    const QString head = QStringLiteral("project");
-    const auto elements = elementsof(text, {head, QStringLiteral("key")}, Malformed::WhatWasRead);
+    const auto elements = elementsof(text, {Word::project(), Word::key()}, Malformed::WhatWasRead);
     Project project;
-    for (const XmlElement& element : elements)
-        (element.tag == head ? project.projects : project.keys).append(element.attributes);
+    QList<Record> keys;
+    bool midi = false;
+    for (const XmlElement& element : elements) {
+        if (element.tag == Word::key()) {
+            keys.append(element.attributes);
+        } else {
+            project.heads.append(readhead(element.attributes));
+            midi = element.attributes.value(Word::type()) == Word::midi();
+        }
+    }
+    if (midi)
+        project.cells = readcells<ControllerCell>(keys);
+    else
+        project.cells = readcells<PadCell>(keys);
     return project;
 }
+
+PadCells padcells(const QAbstractItemModel& grid) { return takecells<PadCell>(grid); }
+
+ControllerCells controllercells(const QAbstractItemModel& grid) { return takecells<ControllerCell>(grid); }
+
+void putcell(QAbstractItemModel* grid, const PadCell& cell) { put(grid, cell); }
+
+void putcell(QAbstractItemModel* grid, const ControllerCell& cell) { put(grid, cell); }
+
+} // namespace project

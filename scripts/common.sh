@@ -122,6 +122,5 @@ build() {
 run_tests() {
     local jobs
     jobs=$(getconf _NPROCESSORS_ONLN 2>/dev/null || say 2)
-    # A change of folder, because --test-dir is newer than the oldest cmake that builds Lumipad.
-    (cd "$root/$1" && ctest --output-on-failure --no-tests=error -j "$jobs")
+    ctest --test-dir "$root/$1" --output-on-failure --no-tests=error -j "$jobs"
 }

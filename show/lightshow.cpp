@@ -1,5 +1,7 @@
 #include "lightshow.h"
 
+#include "storedtexts.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
@@ -7,6 +9,8 @@
 #include <QTextCodec>
 
 #include <algorithm>
+
+namespace show {
 
 namespace {
 
@@ -139,7 +143,7 @@ std::optional<LightShow> readlightshow(const QString& path)
     settings.setIniCodec(inicodec());
 
     LightShow show;
-    show.pages.append({{Key::pageId(), QStringLiteral("0")}, {Key::pageName(), QStringLiteral("All Pages")}});
+    show.pages.append({{Key::pageId(), QStringLiteral("0")}, {Key::pageName(), Stored::allPages()}});
     const int pages = std::min(textvalue(settings, QStringLiteral("page/number")).toInt(), maxLivePages);
     for (int page = 1; page <= pages; ++page) {
         Record record{{Key::pageId(), QString::number(page)}};
@@ -172,3 +176,5 @@ int buttonsperpage(const QList<Record>& buttons, int page)
         return button.value(Key::pageId()) == pageid;
     }));
 }
+
+} // namespace show

@@ -5,6 +5,8 @@
 #include <QList>
 #include <optional>
 
+namespace show {
+
 /// What a light show's `Live/live.ini` tells.
 struct LightShow
 {
@@ -30,3 +32,5 @@ QString getcolor(const QString& color);
 
 /// How many records of \a buttons lie on Live page \a page.
 int buttonsperpage(const QList<Record>& buttons, int page);
+
+} // namespace show

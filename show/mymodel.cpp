@@ -3,38 +3,42 @@
 #include "itemroles.h"
 #include "payload.h"
 
-#include <QColor>
-#include <QMimeData>
-
 namespace {
 
-/// The record key behind a role; null for roles without one.
-QString keyofrole(int role)
+const QVector<RecordRole>& roles()
 {
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return Key::title();
-    case Qt::DecorationRole:
-        return Key::color();
-    case Qt::ForegroundRole:
-        return Key::textColor();
-    case Qt::CheckStateRole:
-        return Key::check();
-    case ItemRole::Page:
-        return Key::pageId();
-    case ItemRole::DspName:
-        return Key::dspName();
-    case ItemRole::Source:
-        return Key::source();
-    case ItemRole::Id:
-        return Key::buttonId();
-    default:
-        return QString();
-    }
+    static const QVector<RecordRole> table{
+        {Qt::DisplayRole, Key::title()},
+        {Qt::EditRole, Key::title()},
+        {Qt::DecorationRole, Key::color(), RecordRole::Color},
+        {Qt::ForegroundRole, Key::textColor(), RecordRole::Color},
+        {Qt::CheckStateRole, Key::check(), RecordRole::Mark},
+        {ItemRole::Page, Key::pageId()},
+        {ItemRole::DspName, Key::dspName()},
+        {ItemRole::Source, Key::source()},
+        {ItemRole::Id, Key::buttonId()},
+    };
+    return table;
 }
 
-Record newrow()
+QList<QList<Record>> onecolumn(const QList<Record>& list)
+{
+    QList<QList<Record>> rows;
+    for (const Record& record : list)
+        rows.append({record});
+    return rows;
+}
+
+} // namespace
+
+MyModel::MyModel(QObject* parent) : MyModel(QList<Record>(), parent) {}
+
+MyModel::MyModel(const QList<Record>& list, QObject* parent)
+    : RecordModel(1, roles(), show::PayloadOrigin + 1, onecolumn(list), parent)
+{
+}
+
+Record MyModel::newrecord() const
 {
     return {
         {Key::title(), QStringLiteral("1")},       {Key::dspName(), QStringLiteral("1")},
@@ -44,113 +48,71 @@ Record newrow()
     };
 }
 
-} // namespace
-
-MyModel::MyModel(QObject* parent) : DragModel(parent) {}
-
-MyModel::MyModel(const QList<Record>& list, QObject* parent) : DragModel(parent), m_list(list) {}
-
-int MyModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_list.size(); }
-
-int MyModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
-
-bool MyModel::contains(const QModelIndex& index) const
+QVariant MyModel::tooltip(const QModelIndex&) const
 {
-    return index.isValid() && index.model() == this && index.row() < m_list.size() && index.column() == 0;
-}
-
-QVariant MyModel::data(const QModelIndex& index, int role) const
-{
-    if (!contains(index))
-        return QVariant();
-    const Record& record = m_list.at(index.row());
-    switch (role) {
-    case Qt::DecorationRole:
-    case Qt::ForegroundRole:
-        return QColor(record.value(keyofrole(role)));
-    case Qt::ToolTipRole:
-        return QStringLiteral("Drag a Live Button and Drop to a VirtualDJ  Pad");
-    case Qt::BackgroundRole:
-        return QColor(Qt::white);
-    case Qt::CheckStateRole:
-        return record.value(Key::check()) == QLatin1String("1") ? Qt::Checked : Qt::Unchecked;
-    default:
-        break;
-    }
-    const QString key = keyofrole(role);
-    return key.isNull() ? QVariant() : record.value(key);
-}
-
-bool MyModel::setData(const QModelIndex& index, const QVariant& value, int role)
-{
-    if (!contains(index))
-        return false;
-    if (role == Qt::BackgroundRole)
-        return true; // the background is always white; callers set it all the same
-    const QString key = keyofrole(role);
-    if (key.isNull())
-        return false;
-    if (role == Qt::CheckStateRole) {
-        bool isnumber = false;
-        const bool unchecked = value.toInt(&isnumber) == 0 && isnumber;
-        m_list[index.row()][key] = unchecked ? QStringLiteral("0") : QStringLiteral("1");
-    } else {
-        m_list[index.row()][key] = value.toString();
-    }
-    return true;
+    return tr("Drag a Live Button and Drop to a VirtualDJ  Pad");
 }
 
 QMimeData* MyModel::mimeData(const QModelIndexList& indexes) const
 {
     // The last three are roles that the list does not have: they travel as null strings, so that a
     // controller pad starts without colours and blink of its own.
-    return encodepayload(indexes, {{Qt::EditRole, {}},
-                                   {ItemRole::Page, {}},
-                                   {ItemRole::DspName, {}},
-                                   {-1, QStringLiteral("1")},
-                                   {ItemRole::Id, {}},
-                                   {-1, QStringLiteral("1")},
-                                   {ItemRole::ColorOff, {}},
-                                   {ItemRole::ColorOn, {}},
-                                   {ItemRole::ColorOn, {}}});
+    return show::encodepayload(indexes, {{Qt::EditRole, {}},
+                                         {ItemRole::Page, {}},
+                                         {ItemRole::DspName, {}},
+                                         {-1, QStringLiteral("1")},
+                                         {ItemRole::Id, {}},
+                                         {-1, QStringLiteral("1")},
+                                         {ItemRole::ColorOff, {}},
+                                         {ItemRole::ColorOn, {}},
+                                         {ItemRole::ColorOn, {}}});
 }
 
-bool MyModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int, int, const QModelIndex& parent)
+bool MyModel::drop(const show::Payload& payload, const QModelIndex& target)
 {
-    if (action == Qt::IgnoreAction)
-        return true;
-    const auto payload = decodepayload(data, PayloadOrigin + 1);
-    if (!payload || !contains(parent))
-        return false;
-    const QModelIndex target = index(parent.row(), 0);
-    setData(target, payload->fields.at(1), Qt::EditRole);
-    setData(target, payload->fields.at(2), ItemRole::Page);
-    setData(target, payload->fields.at(3), ItemRole::DspName);
-    setData(target, payload->fields.at(4), ItemRole::Source);
-    setData(target, payload->fields.at(5), ItemRole::Id);
-    setData(target, payload->color, Qt::DecorationRole);
+    overwrite(target.row(), target.column(),
+              {{Key::title(), payload.fields.at(1)},
+               {Key::pageId(), payload.fields.at(2)},
+               {Key::dspName(), payload.fields.at(3)},
+               {Key::source(), payload.fields.at(4)},
+               {Key::buttonId(), payload.fields.at(5)},
+               {Key::color(), payload.color}});
     return true;
-}
-
-bool MyModel::insertRows(int row, int count, const QModelIndex& parent)
-{
-    return insertattop(&m_list, newrow(), row, count, parent);
-}
-
-bool MyModel::removeRows(int row, int count, const QModelIndex& parent)
-{
-    return removeexisting(&m_list, row, count, parent);
 }
 
 Qt::ItemFlags MyModel::flags(const QModelIndex& index) const
 {
-    const Qt::ItemFlags base = DragModel::flags(index);
+    const Qt::ItemFlags base = RecordModel::flags(index);
     if (!index.isValid())
         return base;
     // The tristate bit comes without ItemIsUserCheckable: the mark is shown, the user cannot click it.
     return base | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsAutoTristate;
 }
 
-QList<Record> MyModel::getList() const { return m_list; }
+QList<Record> MyModel::getList() const
+{
+    QList<Record> list;
+    for (const QList<Record>& row : m_rows)
+        list += row;
+    return list;
+}
 
 QString MyModel::get_name(const QModelIndex& index) const { return data(index, Qt::EditRole).toString(); }
+
+void show::filllist(MyModel* list, const QList<Record>& buttons)
+{
+    list->insertRows(0, static_cast<int>(buttons.size()));
+    for (int row = 0; row < list->rowCount() && row < buttons.size(); ++row) {
+        const Record& button = buttons.at(row);
+        const QModelIndex index = list->index(row, 0);
+        const QString title = button.value(Key::title());
+        list->setData(index, title, Qt::EditRole);
+        list->setData(index, button.value(Key::pageId()), ItemRole::Page);
+        list->setData(index, title, ItemRole::DspName);
+        list->setData(index, QStringLiteral("1"), ItemRole::Source);
+        list->setData(index, button.value(Key::buttonId()), ItemRole::Id);
+        list->setData(index, QStringLiteral("#FFFFFF"), Qt::ForegroundRole);
+        list->setData(index, button.value(Key::color()), Qt::DecorationRole);
+        list->setData(index, Qt::Unchecked, Qt::CheckStateRole);
+    }
+}

@@ -5,6 +5,8 @@
 #include <QIODevice>
 #include <QMimeData>
 
+namespace show {
+
 namespace {
 
 QString listformat() { return QStringLiteral("application/vnd.text.list"); }
@@ -75,3 +77,5 @@ std::optional<Payload> decodepayload(const QMimeData* data, int count)
     payload.color = colors.constFirst().name();
     return payload;
 }
+
+} // namespace show

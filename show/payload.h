@@ -7,6 +7,8 @@
 
 class QMimeData;
 
+namespace show {
+
 /// The drag payload that the three item models share. It has two parts, both always present:
 /// "application/vnd.text.list", a QDataStream of QString fields, one group of fields per dragged item, and
 /// "application/x-color", a QDataStream of one QColor per item (QDataStream, Qt 5 default version).
@@ -58,3 +60,5 @@ QMimeData* encodepayload(const QModelIndexList& indexes, const QVector<PayloadFi
 /// Gives nothing when \a data is null, lacks a format, is cut short, or holds bytes that are no such stream;
 /// so a receiver may address every position below \a count.
 std::optional<Payload> decodepayload(const QMimeData* data, int count);
+
+} // namespace show

@@ -1,8 +1,11 @@
 #include "usagemarks.h"
 
 #include "itemroles.h"
+#include "occupied.h"
 
 #include <algorithm>
+
+namespace show {
 
 bool gridempty(const QAbstractItemModel& grid) { return usedids(grid, grid.columnCount()).isEmpty(); }
 
@@ -13,7 +16,7 @@ QSet<QString> usedids(const QAbstractItemModel& grid, int columns)
     for (int row = 0; row < grid.rowCount(); ++row) {
         for (int column = 0; column < columns; ++column) {
             const QString id = grid.index(row, column).data(ItemRole::Id).toString();
-            if (id.toInt() >= 0)
+            if (holdsbutton(id))
                 used.insert(id);
         }
     }
@@ -46,6 +49,22 @@ void markused(QAbstractItemModel* list, QList<Record>* buttons, const QSet<QStri
     }
 }
 
+void markrow(QAbstractItemModel* list, QList<Record>* buttons, int row)
+{
+    const QModelIndex index = list->index(row, 0);
+    if (!list->setData(index, Qt::Checked, Qt::CheckStateRole))
+        return;
+    const int id = index.data(ItemRole::Id).toInt();
+    if (id >= 0 && id < buttons->size())
+        (*buttons)[id][Key::check()] = QStringLiteral("0");
+}
+
+void unmarkrows(QAbstractItemModel* list)
+{
+    for (int row = 0; row < list->rowCount(); ++row)
+        list->setData(list->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
+}
+
 void unmark(QAbstractItemModel* list, QList<Record>* buttons, int id)
 {
     for (int row = 0; row < list->rowCount(); ++row) {
@@ -58,11 +77,4 @@ void unmark(QAbstractItemModel* list, QList<Record>* buttons, int id)
     }
 }
 
-void clearpad(QAbstractItemModel* grid, const QModelIndex& pad, const QString& name, const QString& color)
-{
-    grid->setData(pad, name, Qt::EditRole);
-    grid->setData(pad, name, ItemRole::DspName);
-    grid->setData(pad, QStringLiteral("0"), ItemRole::Page);
-    grid->setData(pad, QStringLiteral("-1"), ItemRole::Id);
-    grid->setData(pad, color, Qt::DecorationRole);
-}
+} // namespace show

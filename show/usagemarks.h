@@ -6,6 +6,8 @@
 #include <QList>
 #include <QSet>
 
+namespace show {
+
 /// The rules of the "used" mark: which Live Buttons of the list are placed on the pads of a grid, and how one
 /// is taken off.
 
@@ -23,10 +25,15 @@ int countid(const QAbstractItemModel& grid, int columns, int id);
 /// of \a buttons (index = id; an id outside is passed over).
 void markused(QAbstractItemModel* list, QList<Record>* buttons, const QSet<QString>& used);
 
+/// Marks \a row of \a list. `check` in \a buttons becomes "0" all the same: only `markused` writes "1" there.
+/// A row that does not exist changes nothing.
+void markrow(QAbstractItemModel* list, QList<Record>* buttons, int row);
+
+/// Unmarks every row of \a list, and leaves `check` of the records as it is.
+void unmarkrows(QAbstractItemModel* list);
+
 /// Unmarks the rows of \a list whose id is \a id, in the list and in the `check` of \a buttons (at the
 /// row's position; rows beyond its end are passed over).
 void unmark(QAbstractItemModel* list, QList<Record>* buttons, int id);
 
-/// Takes the Live Button off a cell of either grid: it is called \a name and shown in \a color from then on.
-/// Changes nothing for an index outside the grid.
-void clearpad(QAbstractItemModel* grid, const QModelIndex& pad, const QString& name, const QString& color);
+} // namespace show

@@ -1,10 +1,15 @@
 #include "addresses.h"
 #include "dialog.h"
+#include "testmain.h"
 #include "testwindow.h"
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QImage>
 #include <QLabel>
+#include <QPushButton>
 #include <QSizeGrip>
 #include <QUrl>
 

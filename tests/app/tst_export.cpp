@@ -3,12 +3,17 @@
 #include "itemroles.h"
 #include "mymodel.h"
 #include "testfiles.h"
+#include "testmain.h"
+#include "testshows.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>

@@ -1,18 +1,26 @@
-#include "testwindow.h"
-
 #include "controller.h"
 #include "itemroles.h"
 #include "mydelegate.h"
 #include "mymodel.h"
+#include "testmain.h"
+#include "testshows.h"
+#include "testwindow.h"
 #include "vdjmodel.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
+#include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMetaMethod>
 #include <QMimeData>
+#include <QPointer>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTableView>

@@ -1,6 +1,14 @@
+#include "controller.h"
+#include "itemroles.h"
 #include "midiwindow.h"
+#include "mymodel.h"
+#include "testmain.h"
+#include "vdjmodel.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <limits>

@@ -1,10 +1,19 @@
+#include "controller.h"
+#include "itemroles.h"
 #include "midiwindow.h"
+#include "mymodel.h"
+#include "testmain.h"
+#include "vdjmodel.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QDate>
+#include <QDir>
+#include <QFile>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QXmlStreamReader>

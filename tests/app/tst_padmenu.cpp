@@ -1,9 +1,16 @@
+#include "controller.h"
+#include "itemroles.h"
 #include "midiwindow.h"
+#include "mymodel.h"
+#include "testmain.h"
+#include "vdjmodel.h"
 
+#include <QAbstractButton>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
+#include <QImage>
 #include <QPointer>
 #include <QPushButton>
 

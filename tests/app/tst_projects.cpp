@@ -3,13 +3,19 @@
 #include "itemroles.h"
 #include "mymodel.h"
 #include "testfiles.h"
+#include "testmain.h"
+#include "testshows.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QRandomGenerator>

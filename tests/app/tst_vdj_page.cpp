@@ -1,6 +1,8 @@
 #include "controller.h"
 #include "itemroles.h"
 #include "mymodel.h"
+#include "testmain.h"
+#include "testshows.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
@@ -9,6 +11,7 @@
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QRadioButton>

@@ -1,15 +1,19 @@
-#include "testwindow.h"
-
 #include "mymodel.h"
+#include "testmain.h"
+#include "testshows.h"
+#include "testwindow.h"
 #include "vdjmodel.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScopeGuard>

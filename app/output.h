@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+#include <QString>
+#include <functional>
+
+class QModelIndex;
+class QRadioButton;
+class QTableView;
+class QWidget;
+class RecordModel;
+
+/// One of the outputs that the user chooses between, and all that the window does differently for it.
+struct Output
+{
+    QRadioButton* radio = nullptr; ///< checked = this output is chosen
+    QTableView* view = nullptr;    ///< shows `grid`
+    RecordModel* grid = nullptr;   ///< the pads that Live Buttons are placed on
+    int markColumns = 0;     ///< a Live Button counts as used in so many columns of the grid, from the first
+    QList<QWidget*> widgets; ///< shown while this output is chosen, hidden else
+    QRect box;               ///< of the box around the radio buttons
+    int windowWidth = 0;     ///< pixels
+    QString label;           ///< of the field that names the page or mapping
+    std::function<void(const QModelIndex&)> empty; ///< empties a pad, as Remove does
+    std::function<void(const QModelIndex&)>
+        takeoff;                                  ///< takes the Live Button off a pad, as the list asks for
+    std::function<bool()> isempty;                ///< whether no pad of the grid holds a Live Button
+    std::function<bool()> exportwork;             ///< writes the file for VirtualDJ
+    std::function<void(const QString&)> savework; ///< writes the project file of the given path
+};
