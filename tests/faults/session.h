@@ -2,13 +2,19 @@
 
 #include "controller.h"
 #include "mymodel.h"
+#include "testdialogs.h"
 #include "testfiles.h"
+#include "testhome.h"
+#include "testshows.h"
 #include "testwindow.h"
 #include "vdjmodel.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QRadioButton>
+#include <QTest>
 
 #include <functional>
 #include <memory>
@@ -33,8 +39,8 @@ inline void addwriterows()
     }
 }
 
-/// The window in the home folder of the test program, with the show "Friday" loaded and a Live Button placed on
-/// the side that writes \a kind.
+/// The window in the home folder of the test program, with the show "Friday" loaded and a Live Button placed
+/// on the side that writes \a kind.
 class Session
 {
 public:
@@ -57,7 +63,8 @@ public:
     void put(int button, int row) const
     {
         const std::unique_ptr<QMimeData> data(window.dmxModel->mimeData({window.dmxModel->index(button, 0)}));
-        if (!m_grid->dropMimeData(data.get(), Qt::CopyAction, -1, -1, m_grid->index(row, m_grid == window.vdjModel ? 0 : 2)))
+        if (!m_grid->dropMimeData(data.get(), Qt::CopyAction, -1, -1,
+                                  m_grid->index(row, m_grid == window.vdjModel ? 0 : 2)))
             qFatal("The grid refuses a Live Button of the test");
     }
 
@@ -87,7 +94,8 @@ public:
     /// Everything in the folder, hidden and temporary files included.
     QStringList files() const
     {
-        return QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        return QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                        QDir::NoDotAndDotDot);
     }
 
     /// Writes the file by the menu, over an earlier one if there is one, and gives the last sentence that the
@@ -112,14 +120,16 @@ public:
         return dialogs.at(dialogs.count() - 1).text;
     }
 
-    /// Fails the test unless the file is whole, \a before or \a after, nothing else lies beside it, and \a said is
-    /// true. The program says "is created." of an export in any case. A file that was not there is \a before as
-    /// `contents` gives it.
+    /// Fails the test unless the file is whole, \a before or \a after, nothing else lies beside it, and \a
+    /// said is true. The program says "is created." of an export in any case. A file that was not there is \a
+    /// before as `contents` gives it.
     void checkwhole(const QString& said, const QByteArray& before, const QByteArray& after) const
     {
         const QByteArray now = contents(path());
-        QVERIFY2(now == before || now == after, qPrintable("a file of " + QString::number(now.size()) + " bytes is neither"));
-        QCOMPARE(files(), QFileInfo::exists(path()) ? QStringList(QFileInfo(path()).fileName()) : QStringList());
+        QVERIFY2(now == before || now == after,
+                 qPrintable("a file of " + QString::number(now.size()) + " bytes is neither"));
+        QCOMPARE(files(),
+                 QFileInfo::exists(path()) ? QStringList(QFileInfo(path()).fileName()) : QStringList());
         if (isproject(m_kind))
             QCOMPARE(said, now == after ? QStringLiteral("Project mine is saved.")
                                         : QStringLiteral("Project mine was not saved."));

@@ -9,8 +9,8 @@
 #include <unistd.h>
 #endif
 
-/// A disk of \a kilobytes on the folder \a folder, which only this process sees, for as long as the object lives.
-/// To be made before the process has a second thread.
+/// A disk of \a kilobytes on the folder \a folder, which only this process sees, for as long as the object
+/// lives. To be made before the process has a second thread.
 class SmallDisk
 {
 public:

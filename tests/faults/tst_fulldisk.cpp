@@ -1,9 +1,10 @@
-// A disk that fills during each write of the program: the file is the whole earlier one or the whole new one, and a
-// project is called saved only when it is.
+// A disk that fills during each write of the program: the file is the whole earlier one or the whole new one,
+// and a project is called saved only when it is.
 
 #include "fulldisk.h"
 #include "session.h"
 #include "smalldisk.h"
+#include "testmain.h"
 
 namespace {
 
@@ -26,8 +27,8 @@ private slots:
     void keepsAWholeFileOnASmallDisk();
 
 private:
-    /// The session's file on a healthy disk, as it is now and with one Live Button more; the first one is left on
-    /// the disk if there is to be an earlier one.
+    /// The session's file on a healthy disk, as it is now and with one Live Button more; the first one is
+    /// left on the disk if there is to be an earlier one.
     static QPair<QByteArray, QByteArray> versions(const Session& session, bool earlier)
     {
         session.write();
@@ -84,7 +85,8 @@ void FullDiskTest::keepsAWholeFileOnASmallDisk()
         putback(session, earlier, before);
         QFile filling(ballast);
         QVERIFY(filling.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        while (filling.write(QByteArray(page, 'b')) == page) {}
+        while (filling.write(QByteArray(page, 'b')) == page) {
+        }
         // The last page may have been cut short; the disk is full to the last byte here.
         QVERIFY(filling.resize(filling.size() / page * page - room * page));
         const QString said = session.write();

@@ -3,6 +3,8 @@
 #include "testfiles.h"
 #include "textfile.h"
 
+#include <QFileInfo>
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -20,7 +22,8 @@ QString version(char mark)
 {
     QString text = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project >\n");
     for (int key = 0; key < 144; ++key)
-        text += "\t<key row=\"" + QString::number(key / 12) + "\" name=\"" + QString(80, QLatin1Char(mark)) + "\" />\n";
+        text += "\t<key row=\"" + QString::number(key / 12) + "\" name=\"" + QString(80, QLatin1Char(mark)) +
+                "\" />\n";
     return text + "</project>\n";
 }
 
@@ -47,7 +50,8 @@ void KilledTest::leavesOneWholeVersion()
 {
     // In memory where that is possible: on a slow disk most of the time would go by between the writes.
     const QString memory = QStringLiteral("/dev/shm");
-    const QTemporaryDir folder((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/lumipad"));
+    const QTemporaryDir folder((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
+                               QStringLiteral("/lumipad"));
     QVERIFY(folder.isValid());
     const QString path = folder.filePath(QStringLiteral("mine.os2l"));
     const QString one = version('a');
@@ -72,7 +76,8 @@ void KilledTest::leavesOneWholeVersion()
         QVERIFY2(WIFSIGNALED(status), "the saver could not save");
 
         const QByteArray now = contents(path);
-        QVERIFY2(now == one.toUtf8() || now == other.toUtf8(), qPrintable("killed in a file of " + QString::number(now.size()) + " bytes"));
+        QVERIFY2(now == one.toUtf8() || now == other.toUtf8(),
+                 qPrintable("killed in a file of " + QString::number(now.size()) + " bytes"));
         ones += now == one.toUtf8() ? 1 : 0;
         // What a killed save leaves beside the file shows that the kill came in its middle.
         const QStringList left = QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
@@ -81,7 +86,8 @@ void KilledTest::leavesOneWholeVersion()
             if (name != QLatin1String("mine.os2l"))
                 QVERIFY(QFile::remove(folder.filePath(name)));
     }
-    qInfo("%d of %d kills came in the middle of a save, %d left the one version, in %lld ms", interrupted, kills, ones, clock.elapsed());
+    qInfo("%d of %d kills came in the middle of a save, %d left the one version, in %lld ms", interrupted,
+          kills, ones, clock.elapsed());
     QVERIFY(interrupted > 0);
     QVERIFY(ones > 0 && ones < kills);
 }
