@@ -58,15 +58,15 @@ QString literally(const QString& action)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QString action = QString::fromUtf8(Fuzz::bytes(data, size));
-    const QString escapedaction = Fuzz::intime([&] { return xmlparse(action); });
+    const QString escapedaction = Fuzz::intime([&] { return controller::xmlparse(action); });
     Fuzz::require(escapedaction == escaped(action), "an action is escaped sign by sign");
-    const QString factory = Fuzz::intime([&] { return removeos2l(action); });
+    const QString factory = Fuzz::intime([&] { return controller::removeos2l(action); });
     constexpr int shortaction = 8192; // the second implementation takes the square of the length
     if (action.size() <= shortaction)
         Fuzz::require(factory == literally(action), "an action is freed from OS2L step by step");
     // What the program wraps without a condition of its own comes back whole.
     if (!action.isEmpty())
-        Fuzz::require(removeos2l("var '$os2l' ? nothing : " + action) == action,
+        Fuzz::require(controller::removeos2l("var '$os2l' ? nothing : " + action) == action,
                       "a wrapped action comes back");
     return 0;
 }

@@ -14,7 +14,7 @@ QString lastaction(const QList<XmlElement>& maps, const QString& name, bool* fou
     QString action;
     for (const XmlElement& map : maps) {
         if (map.attributes.value("value") == name) {
-            action = removeos2l(map.attributes.value("action"));
+            action = controller::removeos2l(map.attributes.value("action"));
             *found = true;
         }
     }
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray text = Fuzz::bytes(data, size);
     const Fuzz::InputFile file(text);
-    const auto keys = Fuzz::intime([&] { return getkeynames(file.path(), file.path()); });
+    const auto keys = Fuzz::intime([&] { return controller::getkeynames(file.path(), file.path()); });
 
     const auto maps = elementsof(text, {QStringLiteral("map")});
     QList<Record> expected;

@@ -30,16 +30,16 @@ Record buttonof(QSettings* settings, const QString& group, int page, int id)
 {
     Record button = groupof(settings, group, {{Key::pageId(), QString::number(page)}, {Key::check(), "0"}});
     const QString hexadecimal = QString::number(button.value(Key::color()).toInt(), 16).toUpper();
-    button[Key::color()] = getcolor(button.contains(Key::color()) ? hexadecimal : QString());
+    button[Key::color()] = show::getcolor(button.contains(Key::color()) ? hexadecimal : QString());
     button[Key::buttonId()] = QString::number(id);
     return button;
 }
 
 /// The show in \a path, step by step and without bounds.
-LightShow literally(const QString& path)
+show::LightShow literally(const QString& path)
 {
     QSettings settings(path, QSettings::IniFormat);
-    LightShow show;
+    show::LightShow show;
     show.pages.append({{Key::pageId(), "0"}, {Key::pageName(), "All Pages"}});
     for (int page = 1; page <= settings.value("page/number").toInt(); ++page) {
         const QString number = QString::number(page);
@@ -61,9 +61,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray text = Fuzz::bytes(data, size);
     const Fuzz::InputFile file(text, QStringLiteral("ini"));
-    const auto show = Fuzz::intime([&] { return readlightshow(file.path()); });
+    const auto show = Fuzz::intime([&] { return show::readlightshow(file.path()); });
     Fuzz::require(show && !show->pages.isEmpty(), "a file that is there gives a show");
-    Fuzz::require(show->pages.size() <= maxLivePages + 1 && show->buttons.size() <= maxLiveButtons,
+    Fuzz::require(show->pages.size() <= show::maxLivePages + 1 &&
+                      show->buttons.size() <= show::maxLiveButtons,
                   "a show stays within its bounds");
     for (int id = 0; id < show->buttons.size(); ++id) {
         const Record& button = show->buttons.at(id);
@@ -72,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Fuzz::require(color.startsWith('#') && color.size() >= 7, "every button has a colour");
     }
     if (isplain(text) && show->pages.size() + show->buttons.size() < Fuzz::fewElements) {
-        const LightShow expected = literally(file.path());
+        const show::LightShow expected = literally(file.path());
         Fuzz::require(show->pages == expected.pages, "pages are read as they stand");
         Fuzz::require(show->buttons == expected.buttons, "buttons are read as they stand");
     }

@@ -4,6 +4,7 @@
 #include "mapperwriter.h"
 #include "fuzz.h"
 #include "keylist.h"
+#include "midikeys.h"
 #include "xmlelements.h"
 
 #include <QXmlStreamReader>
@@ -14,18 +15,18 @@ const QString layout = QStringLiteral(":/mappings/Mappings/Akai APC Mini.xml");
 
 /// The mapping of the keys that \a text gives; with a Live Button on the first pad and a switch on the second
 /// when there is a name for it.
-Mapping mappingof(const QByteArray& text, const QString& button = QString())
+controller::Mapping mappingof(const QByteArray& text, const QString& button = QString())
 {
     const Fuzz::InputFile file(text);
-    Mapping mapping;
+    controller::Mapping mapping;
     mapping.device = "APCMINI";
     mapping.date = QDate(2026, 3, 5);
     mapping.combined = true;
     mapping.defaultOff = "yellow";
     mapping.defaultOn = "green";
-    mapping.keys = Fuzz::intime([&] { return getkeynames(layout, file.path()); });
+    mapping.keys = Fuzz::intime([&] { return controller::getkeynames(layout, file.path()); });
     if (!button.isEmpty()) {
-        mapping.pads = QVector<QVector<MapperPad>>(12, QVector<MapperPad>(12));
+        mapping.pads = QVector<QVector<controller::MapperPad>>(12, QVector<controller::MapperPad>(12));
         mapping.pads[2][2] = {0, button, "red", QString(), true};
         mapping.switchRow = 2;
         mapping.switchColumn = 3;
@@ -34,7 +35,7 @@ Mapping mappingof(const QByteArray& text, const QString& button = QString())
 }
 
 /// What pressing or moving the control \a key does in the written file.
-QString actionof(const Mapping& mapping, const Record& key)
+QString actionof(const controller::Mapping& mapping, const Record& key)
 {
     const QString type = key.value(Key::type());
     const QString factory = key.value(Key::action());
@@ -52,7 +53,7 @@ QString actionof(const Mapping& mapping, const Record& key)
     return "var '$os2l' ? nothing" + alternative;
 }
 
-bool clean(const Mapping& mapping, QString name)
+bool clean(const controller::Mapping& mapping, QString name)
 {
     for (const Record& key : mapping.keys)
         name += key.value(Key::action()) + '\n' + key.value(Key::ledAction()) + '\n';
@@ -66,9 +67,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray text = Fuzz::bytes(data, size);
     const QString button = elementsof(text, {"mapper"}).value(0).attributes.value("name");
-    const Mapping mapping = mappingof(text, button);
+    const controller::Mapping mapping = mappingof(text, button);
     Fuzz::require(mapping.keys.size() == 90, "every control of the layout is there");
-    const QByteArray written = Fuzz::intime([&] { return mapperxml(mapping); }).toUtf8();
+    const QByteArray written = Fuzz::intime([&] { return controller::mapperxml(mapping); }).toUtf8();
     if (!clean(mapping, button) || button.contains('"'))
         return 0;
 
@@ -91,8 +92,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Fuzz::require(!xml.readNextStartElement() && !xml.hasError(), "the file is whole");
 
     // Without Live Buttons the second export is for good: only there does an unused control get its wrapping.
-    const QString first = mapperxml(mappingof(mapperxml(mappingof(text)).toUtf8()));
-    const QString second = mapperxml(mappingof(first.toUtf8()));
+    const QString first = controller::mapperxml(mappingof(controller::mapperxml(mappingof(text)).toUtf8()));
+    const QString second = controller::mapperxml(mappingof(first.toUtf8()));
     Fuzz::require(first == second, "exporting again from an exported file gives the same file");
     return 0;
 }

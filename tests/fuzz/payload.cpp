@@ -36,11 +36,11 @@ bool dropped(Model* model, const QMimeData& data, const QModelIndex& target)
 QStringList carried(const QModelIndex& cell)
 {
     const std::unique_ptr<QMimeData> data(cell.model()->mimeData({cell}));
-    QDataStream stream(data->data(payloadformats().at(0)));
+    QDataStream stream(data->data(show::payloadformats().at(0)));
     QStringList fields;
     for (QString field; !stream.atEnd(); fields.append(field))
         stream >> field;
-    return fields.mid(2) << QString::fromLatin1(data->data(payloadformats().at(1)).toHex());
+    return fields.mid(2) << QString::fromLatin1(data->data(show::payloadformats().at(1)).toHex());
 }
 
 /// Drops \a data on \a target of a grid and moves what lies there then to \a other.
@@ -64,26 +64,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray streams = Fuzz::bytes(data + 3, size - 3);
     const int listsize = data[1] * 256 + data[2];
     QMimeData payload;
-    payload.setData(payloadformats().at(0), streams.left(listsize));
-    payload.setData(payloadformats().at(1), streams.mid(listsize));
+    payload.setData(show::payloadformats().at(0), streams.left(listsize));
+    payload.setData(show::payloadformats().at(1), streams.mid(listsize));
 
     MyModel list({Record{{Key::title(), "Strobe"}}, Record{{Key::title(), "Blackout"}}});
     dropped(&list, payload, list.index(data[0] % 2, 0));
 
     VDJModel pads;
-    fillpads(&pads);
-    dropandmove(&pads, payload, pads.index(data[0] % padRows, data[0] / 128), pads.index(63, 1));
+    padspage::fillpads(&pads);
+    dropandmove(&pads, payload, pads.index(data[0] % pads.rowCount(), data[0] / 128), pads.index(63, 1));
     Fuzz::require(!Qt::mightBeRichText(pads.index(63, 1).data(Qt::ToolTipRole).toString()),
                   "the tool tip of a pad is no markup");
 
-    static const QList<Record> devices = readdefaultmappers(QStringLiteral(":/mappings/Mappings")).devices;
-    Controller controller;
-    fillcells(&controller, devices.value(0));
-    const QModelIndex cell = controller.index(data[0] % Grid::Lines, data[0] / Grid::Lines % Grid::Lines);
-    const QModelIndex moved = controller.index(9, 9);
-    dropandmove(&controller, payload, cell, moved);
+    static const QList<Record> devices =
+        controller::readdefaultmappers(QStringLiteral(":/mappings/Mappings")).devices;
+    Controller grid;
+    controller::fillcells(&grid, devices.value(0));
+    const QModelIndex cell = grid.index(data[0] % Grid::Lines, data[0] / Grid::Lines % Grid::Lines);
+    const QModelIndex moved = grid.index(9, 9);
+    dropandmove(&grid, payload, cell, moved);
     const int marks = moved.data(Qt::ToolTipRole).toString().count('<');
-    controller.setData(moved, "name", Qt::EditRole);
+    grid.setData(moved, "name", Qt::EditRole);
     Fuzz::require(moved.data(Qt::ToolTipRole).toString().count('<') == marks, "a name is never markup");
     return 0;
 }

@@ -24,11 +24,11 @@ bool survives(const QString& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray input = Fuzz::bytes(data, size);
-    const Project project = Fuzz::intime([&] { return readproject(input); });
-    const QString written = projectxml(project);
+    const project::Project read = Fuzz::intime([&] { return project::readproject(input); });
+    const QString written = project::projectxml(read);
     if (!survives(written))
         return 0;
-    const Project again = Fuzz::intime([&] { return readproject(written.toUtf8()); });
-    Fuzz::require(projectxml(again) == written, "a project that was written is read as it was");
+    const project::Project again = Fuzz::intime([&] { return project::readproject(written.toUtf8()); });
+    Fuzz::require(project::projectxml(again) == written, "a project that was written is read as it was");
     return 0;
 }
