@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QString escapedaction = Fuzz::intime([&] { return controller::xmlparse(action); });
     Fuzz::require(escapedaction == escaped(action), "an action is escaped sign by sign");
     const QString factory = Fuzz::intime([&] { return controller::removeos2l(action); });
-    constexpr int shortaction = 8192; // the second implementation takes the square of the length
+    constexpr int shortaction = 2048; // the second implementation takes the square of the length
     if (action.size() <= shortaction)
         Fuzz::require(factory == literally(action), "an action is freed from OS2L step by step");
     // What the program wraps without a condition of its own comes back whole.
