@@ -211,7 +211,7 @@ void MainWindow::setstyles()
 
 void MainWindow::setupoutputs()
 {
-    Output& pads = outputs.at(PadsOutput);
+    OutputMode& pads = outputs.at(PadsOutput);
     pads.radio = ui->radio_outputpage;
     pads.view = ui->vdjlistview;
     pads.grid = vdjModel;
@@ -229,7 +229,7 @@ void MainWindow::setupoutputs()
     pads.exportwork = [this] { return exportpage(); };
     pads.savework = [this](const QString& path) { savepadsproject(path); };
 
-    Output& midi = outputs.at(MidiOutput);
+    OutputMode& midi = outputs.at(MidiOutput);
     midi.radio = ui->radio_outputmidi;
     midi.view = ui->tablecontroller;
     midi.grid = controllerModel;
@@ -245,21 +245,21 @@ void MainWindow::setupoutputs()
     midi.savework = [this](const QString& path) { savemidiproject(path); };
 }
 
-const Output& MainWindow::chosenoutput() const
+const OutputMode& MainWindow::chosenoutput() const
 {
     return outputs.at(ui->radio_outputpage->isChecked() ? PadsOutput : MidiOutput);
 }
 
-void MainWindow::placeoutput(const Output& output, int width)
+void MainWindow::placeoutput(const OutputMode& output, int width)
 {
-    for (const Output& any : outputs)
+    for (const OutputMode& any : outputs)
         for (QWidget* widget : any.widgets)
             widget->setVisible(&any == &output);
     ui->groupBox->setGeometry(output.box);
     setFixedWidth(width);
 }
 
-void MainWindow::showoutput(const Output& output, int width)
+void MainWindow::showoutput(const OutputMode& output, int width)
 {
     placeoutput(output, width);
     ui->label_padname->setText(output.label);
@@ -268,14 +268,14 @@ void MainWindow::showoutput(const Output& output, int width)
 void MainWindow::on_radio_outputpage_clicked()
 {
     resetdmxlist();
-    const Output& output = chosenoutput();
+    const OutputMode& output = chosenoutput();
     showoutput(output, output.radio == ui->radio_outputpage ? output.windowWidth : midiWindowWidthFromPads);
 }
 
 void MainWindow::on_radio_outputmidi_clicked()
 {
     resetdmxlist();
-    const Output& output = outputs.at(ui->radio_outputmidi->isChecked() ? MidiOutput : PadsOutput);
+    const OutputMode& output = outputs.at(ui->radio_outputmidi->isChecked() ? MidiOutput : PadsOutput);
     showoutput(output, output.windowWidth);
 }
 
@@ -296,8 +296,9 @@ void MainWindow::finishediting()
 
 bool MainWindow::projectempty() const
 {
-    return std::any_of(outputs.cbegin(), outputs.cend(),
-                       [](const Output& output) { return output.radio->isChecked() && output.isempty(); });
+    return std::any_of(outputs.cbegin(), outputs.cend(), [](const OutputMode& output) {
+        return output.radio->isChecked() && output.isempty();
+    });
 }
 
 void MainWindow::message(const QString& text, const QString& informativetext)

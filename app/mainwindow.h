@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output.h"
+#include "outputmode.h"
 #include "record.h"
 
 #include <QList>
@@ -261,17 +261,17 @@ private:
     void askpadcolor(int role);
     void fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     QMenu* newmenu();
-    const Output& chosenoutput() const;
-    void placeoutput(const Output& output, int width);
-    void showoutput(const Output& output, int width);
-    void removepads(const Output& output, const QModelIndexList& pads);
-    void unmarkunused(const Output& output, int id);
-    void focusgrid(const Output& output);
-    void saveoutput(const Output& output);
+    const OutputMode& chosenoutput() const;
+    void placeoutput(const OutputMode& output, int width);
+    void showoutput(const OutputMode& output, int width);
+    void removepads(const OutputMode& output, const QModelIndexList& pads);
+    void unmarkunused(const OutputMode& output, int id);
+    void focusgrid(const OutputMode& output);
+    void saveoutput(const OutputMode& output);
     void finishediting();
     bool projectempty() const;
     void message(const QString& text, const QString& informativetext = QString());
     bool confirmoverwrite(const QString& text);
 
-    std::array<Output, 2> outputs;
+    std::array<OutputMode, 2> outputs;
 };

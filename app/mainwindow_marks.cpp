@@ -32,14 +32,14 @@ void MainWindow::dmxtoremove2(int index)
 }
 
 /// Unmarks the Live Button \a id if no pad of the output that counts for marks holds it.
-void MainWindow::unmarkunused(const Output& output, int id)
+void MainWindow::unmarkunused(const OutputMode& output, int id)
 {
     if (show::countid(*output.grid, output.markColumns, id) == 0)
         show::unmark(dmxModel, &buttons, id);
 }
 
 /// Empties \a pads of the output's grid, and unmarks the Live Buttons that are on none of its pads any more.
-void MainWindow::removepads(const Output& output, const QModelIndexList& pads)
+void MainWindow::removepads(const OutputMode& output, const QModelIndexList& pads)
 {
     for (const QModelIndex& pad : pads) {
         if (!pad.isValid())
@@ -56,7 +56,7 @@ void MainWindow::dmxcheckchange(int index)
     if (!button.isValid())
         return;
     const int id = button.data(ItemRole::Id).toInt();
-    for (const Output& output : outputs) {
+    for (const OutputMode& output : outputs) {
         for (int row = 0; row < output.grid->rowCount(); ++row) {
             for (int column = 0; column < output.markColumns; ++column) {
                 const QModelIndex pad = output.grid->index(row, column);
@@ -73,7 +73,7 @@ void MainWindow::dmxcheckchange(int index)
 }
 
 /// Moves the focus from the list to the output's grid.
-void MainWindow::focusgrid(const Output& output)
+void MainWindow::focusgrid(const OutputMode& output)
 {
     ui->dmxlistview->setFocus();
     output.view->setFocus();

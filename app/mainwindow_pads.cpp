@@ -121,7 +121,7 @@ void MainWindow::on_actionExport_triggered()
         message(tr("Nothing to Export. Load a Show"));
         return;
     }
-    for (const Output& output : outputs) {
+    for (const OutputMode& output : outputs) {
         if (!output.radio->isChecked())
             continue;
         if (output.isempty())

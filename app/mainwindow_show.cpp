@@ -90,7 +90,7 @@ void MainWindow::on_combobox_currentIndexChanged(int index) { updatelist(index);
 
 void MainWindow::resetdmxlist()
 {
-    const Output& output = chosenoutput();
+    const OutputMode& output = chosenoutput();
     show::markused(dmxModel, &buttons, show::usedids(*output.grid, output.markColumns));
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));
 }

@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+using namespace padspage;
+
 namespace {
 
 constexpr int rounds = 31;

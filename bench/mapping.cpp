@@ -18,6 +18,8 @@
 
 #include <vector>
 
+using namespace controller;
+
 /// The resources live in a library that links them for the window alone, and there may be no window here.
 /// The macro does not work inside a namespace.
 static void initresources() { Q_INIT_RESOURCE(lumipad); }

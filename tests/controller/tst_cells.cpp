@@ -1,9 +1,12 @@
 #include "cells.h"
 #include "controller.h"
+#include "itemroles.h"
 
 #include <QtTest>
 
 #include <climits>
+
+using namespace controller;
 
 namespace {
 
@@ -49,6 +52,29 @@ QStringList availability(const Record& device)
     return lines;
 }
 
+/// What \a role holds in the whole grid, row by row, with \a separator between the cells.
+QStringList cellTexts(const Controller& grid, int role, const QString& separator)
+{
+    QStringList lines;
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        QStringList line;
+        for (int col = 0; col < grid.columnCount(); ++col)
+            line.append(grid.index(row, col).data(role).toString());
+        lines.append(line.join(separator));
+    }
+    return lines;
+}
+
+/// The availability on a device with four buttons on top, none at the left and eight at the bottom and the
+/// right.
+QStringList fourOnTop()
+{
+    QStringList lines{"001111000000", "000000000000"};
+    for (int row = 2; row <= 9; ++row)
+        lines.append("001111111101");
+    return lines + QStringList{"000000000000", "001111111100"};
+}
+
 } // namespace
 
 class CellsTest : public QObject
@@ -62,6 +88,9 @@ private slots:
     void letsTheDeviceDecideWhichCellsAreUsable_data();
     void letsTheDeviceDecideWhichCellsAreUsable();
     void hasNothingUsableOutsideTheGrid();
+    void fillsTheGridWithLabelledEmptyCells();
+    void fillsTheGridAnewWhateverItHeld();
+    void updatesAvailabilityAndNothingElse();
 };
 
 void CellsTest::givesEveryCellItsLabel()
@@ -158,6 +187,68 @@ void CellsTest::hasNothingUsableOutsideTheGrid()
             QCOMPARE(padavail(other, line, all), QString("0"));
         }
     }
+}
+
+void CellsTest::fillsTheGridWithLabelledEmptyCells()
+{
+    Controller grid;
+    fillcells(&grid, device("4", "0", "8", "8"));
+    QCOMPARE(cellTexts(grid, Qt::EditRole, ","), labels());
+    QCOMPARE(cellTexts(grid, ItemRole::DspName, ","), labels());
+    QCOMPARE(cellTexts(grid, ItemRole::Avail, ""), fourOnTop());
+    const QList<QList<Record>> rows = grid.getList();
+    QCOMPARE(rows.size(), 12);
+    for (const QList<Record>& row : rows) {
+        QCOMPARE(row.size(), 12);
+        for (Record cell : row) {
+            for (const char* key : {"name", "dspname", "avail"})
+                QCOMPARE(cell.remove(key), 1);
+            QCOMPARE(cell, Record({{"id", "-1"},
+                                   {"pagenr", "0"},
+                                   {"color", "#000000"},
+                                   {"textcolor", "#ffffff"},
+                                   {"coloroff", ""},
+                                   {"coloron", ""},
+                                   {"blink", "0"}}));
+        }
+    }
+}
+
+void CellsTest::fillsTheGridAnewWhateverItHeld()
+{
+    Controller fresh;
+    fillcells(&fresh, device("4", "0", "8", "8"));
+    Controller grid({{{{"name", "A"}}}, {}}, nullptr);
+    fillcells(&grid, device("8", "8", "8", "8"));
+    for (const int role :
+         {int(Qt::EditRole), int(Qt::DecorationRole), int(ItemRole::Id), int(ItemRole::Blink)})
+        QVERIFY(grid.setData(grid.index(5, 5), "7", role));
+    fillcells(&grid, device("4", "0", "8", "8"));
+    QCOMPARE(grid.getList(), fresh.getList());
+}
+
+void CellsTest::updatesAvailabilityAndNothingElse()
+{
+    Controller grid;
+    fillcells(&grid, device("8", "8", "8", "8"));
+    // Live Buttons stay where they are, also in a cell that the new device does not have.
+    for (const QModelIndex& cell : {grid.index(2, 2), grid.index(0, 9)}) {
+        for (const int role :
+             {int(Qt::EditRole), int(ItemRole::Id), int(ItemRole::Page), int(ItemRole::ColorOff)})
+            QVERIFY(grid.setData(cell, "7", role));
+    }
+    QList<QList<Record>> expected = grid.getList();
+    const QStringList availability = fourOnTop();
+    for (int row = 0; row < 12; ++row) {
+        for (int col = 0; col < 12; ++col)
+            expected[row][col]["avail"] = availability.at(row).at(col);
+    }
+    updateavail(&grid, device("4", "0", "8", "8"));
+    QCOMPARE(grid.getList(), expected);
+
+    Controller empty;
+    updateavail(&empty, device("4", "0", "8", "8"));
+    QCOMPARE(empty.rowCount(), 0);
 }
 
 QTEST_APPLESS_MAIN(CellsTest)

@@ -10,6 +10,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace controller;
+
 namespace {
 
 /// A folder of its own for one test.
@@ -155,7 +157,7 @@ private slots:
     void splitsThePalette();
     void picksDefaultColoursFromThePalette_data();
     void picksDefaultColoursFromThePalette();
-    void takesOnlyTheWordTrueForFullRgb();
+    void takesOnlyTheWordsTrueAndFalseForFullRgb();
 };
 
 void DevicesTest::readsEveryAttributeOfALayout()
@@ -275,7 +277,7 @@ void DevicesTest::listsTheBuiltInDevicesInTheirOrder()
             sides.append(device.value(key));
         QCOMPARE(device.value("path"), ":/mappings/Mappings/" + device.value("name") + ".xml");
         QVERIFY2(QFile::exists(device.value("path")), qPrintable(device.value("path")));
-        QString colors = isfullrgb(device) ? QString("rgb") : device.value("colors");
+        QString colors = ledcolors(device) == LedColors::Any ? QString("rgb") : device.value("colors");
         if (colors == red)
             colors = "P";
         expected.append(QStringList{device.value("name"), device.value("device"), colors,
@@ -616,12 +618,13 @@ void DevicesTest::picksDefaultColoursFromThePalette()
     QCOMPARE(palettecolor({{"colors", colors}, {"on", number}}, "off"), colors.section(',', 0, 0));
 }
 
-void DevicesTest::takesOnlyTheWordTrueForFullRgb()
+void DevicesTest::takesOnlyTheWordsTrueAndFalseForFullRgb()
 {
-    QVERIFY(isfullrgb({{"fullrgb", "true"}}));
-    for (const char* other : {"false", "TRUE", "True", "1", " true", "true ", ""})
-        QVERIFY2(!isfullrgb({{"fullrgb", other}}), other);
-    QVERIFY(!isfullrgb(Record()));
+    QCOMPARE(ledcolors({{"fullrgb", "true"}}), LedColors::Any);
+    QCOMPARE(ledcolors({{"fullrgb", "false"}}), LedColors::Palette);
+    for (const char* other : {"FALSE", "TRUE", "True", "1", "0", " true", "true ", ""})
+        QVERIFY2(ledcolors({{"fullrgb", other}}) == LedColors::Unstated, other);
+    QCOMPARE(ledcolors(Record()), LedColors::Unstated);
 }
 
 QTEST_APPLESS_MAIN(DevicesTest)

@@ -7,6 +7,8 @@
 
 #include <sys/resource.h>
 
+using namespace controller;
+
 namespace {
 
 /// One record on one line: its keys in alphabetical order.

@@ -14,6 +14,8 @@
 
 #include <initializer_list>
 
+using namespace controller;
+
 Q_DECLARE_METATYPE(Mapping)
 
 namespace {
@@ -95,7 +97,7 @@ Mapping mappingFor(const Record& device, bool combined)
     mapping.device = device.value(Key::device());
     mapping.date = QDate(2026, 3, 5);
     mapping.combined = combined;
-    mapping.fullRgb = isfullrgb(device);
+    mapping.fullRgb = ledcolors(device) == LedColors::Any;
     mapping.defaultOff = mapping.fullRgb ? QString() : palettecolor(device, Key::off());
     mapping.defaultOn = mapping.fullRgb ? QString() : palettecolor(device, Key::on());
     mapping.keys = getkeynames(device.value(Key::path()), factoryMapping(device));

@@ -9,6 +9,8 @@
 #include <QTextCodec>
 #include <QtTest>
 
+using namespace controller;
+
 namespace {
 
 constexpr const char* folder = ":/mappings/Mappings/";

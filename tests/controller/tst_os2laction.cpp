@@ -6,6 +6,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+using namespace controller;
+
 namespace {
 
 constexpr quint32 seed = 20260305;

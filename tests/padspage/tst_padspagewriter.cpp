@@ -9,6 +9,8 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+using namespace padspage;
+
 Q_DECLARE_METATYPE(PadsPage)
 
 namespace {

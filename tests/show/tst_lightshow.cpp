@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace show;
+
 namespace {
 
 /// A folder that stands in for the user's home as long as the program runs.

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace show;
+
 namespace {
 
 QString listFormat() { return QStringLiteral("application/vnd.text.list"); }

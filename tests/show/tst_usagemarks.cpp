@@ -6,6 +6,8 @@
 #include <QStandardItemModel>
 #include <QtTest>
 
+using namespace show;
+
 namespace {
 
 /// A grid of pads, empty but for what is put on them.
@@ -23,7 +25,7 @@ public:
 };
 
 /// The records of a show whose buttons have the ids 0, 1, 2 and so on.
-QList<Record> show(int count, const QString& check = QStringLiteral("0"))
+QList<Record> liveButtons(int count, const QString& check = QStringLiteral("0"))
 {
     QList<Record> buttons;
     for (int id = 0; id < count; ++id)
@@ -67,12 +69,21 @@ private slots:
     void askingForNoColumnsUsesNone();
     void askingForMoreColumnsThanThereAreUsesThoseThatAre();
 
+    void cellsAreCountedInTheGivenColumns();
+    void countingComparesNumbers();
+    void countingNowhereGivesNone();
+
     void usedButtonsAreMarkedAndAllOthersUnmarked();
     void marksFollowTheIdNotTheRow();
     void idsAreComparedAsTexts();
     void idsOutsideTheRecordsArePassedOver();
     void otherValuesStayAsTheyWere();
     void anEmptyListOrShowIsNoTrouble();
+
+    void unmarkingFindsRowsByIdAndRecordsByRow();
+    void unmarkingComparesNumbers();
+    void unmarkingChangesTheMarkAlone();
+    void unmarkingPassesOverRowsWithoutARecord();
 };
 
 void TestUsageMarks::aGridOfEmptyPadsIsEmpty()
@@ -167,10 +178,49 @@ void TestUsageMarks::askingForMoreColumnsThanThereAreUsesThoseThatAre()
     QCOMPARE(usedids(grid, 2), QSet<QString>({"1"}));
 }
 
+void TestUsageMarks::cellsAreCountedInTheGivenColumns()
+{
+    Grid grid(64, 2);
+    grid.put(0, 0, "3");
+    grid.put(9, 0, "13");
+    grid.put(63, 0, "3");
+    grid.put(63, 1, "3");
+    QCOMPARE(countid(grid, 1, 3), 2);
+    QCOMPARE(countid(grid, 2, 3), 3);
+    QCOMPARE(countid(grid, 2, 13), 1);
+    QCOMPARE(countid(grid, 2, 4), 0);
+    grid.put(63, 1, "-1");
+    QCOMPARE(countid(grid, 2, 3), 2);
+}
+
+void TestUsageMarks::countingComparesNumbers()
+{
+    Grid grid(12, 12);
+    grid.put(2, 2, "03");
+    grid.put(2, 3, 3);
+    grid.put(2, 4, "3 x");
+    QCOMPARE(countid(grid, 12, 3), 2);
+    // What is no number counts as button 0.
+    QCOMPARE(countid(grid, 12, 0), 1);
+    grid.put(2, 5, "");
+    grid.put(2, 6, QVariant());
+    QCOMPARE(countid(grid, 12, 0), 3);
+    QCOMPARE(countid(grid, 12, -1), 12 * 12 - 5);
+}
+
+void TestUsageMarks::countingNowhereGivesNone()
+{
+    Grid grid(4, 2);
+    grid.put(0, 0, "1");
+    QCOMPARE(countid(grid, 0, 1), 0);
+    QCOMPARE(countid(grid, -1, 1), 0);
+    QCOMPARE(countid(Grid(0, 2), 2, 1), 0);
+}
+
 void TestUsageMarks::usedButtonsAreMarkedAndAllOthersUnmarked()
 {
     for (const QString& before : {QString("0"), QString("1")}) {
-        QList<Record> buttons = show(5, before);
+        QList<Record> buttons = liveButtons(5, before);
         MyModel list(buttons);
         markused(&list, &buttons, {"1", "4"});
         QCOMPARE(states(list), QString("02002"));
@@ -184,7 +234,7 @@ void TestUsageMarks::usedButtonsAreMarkedAndAllOthersUnmarked()
 
 void TestUsageMarks::marksFollowTheIdNotTheRow()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list({buttons.at(2), buttons.at(0), buttons.at(1)});
     markused(&list, &buttons, {"2"});
     QCOMPARE(states(list), QString("200"));
@@ -193,7 +243,7 @@ void TestUsageMarks::marksFollowTheIdNotTheRow()
 
 void TestUsageMarks::idsAreComparedAsTexts()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list(buttons);
     markused(&list, &buttons, {"01", " 2", ""});
     QCOMPARE(states(list), QString("000"));
@@ -202,7 +252,7 @@ void TestUsageMarks::idsAreComparedAsTexts()
 
 void TestUsageMarks::idsOutsideTheRecordsArePassedOver()
 {
-    QList<Record> buttons = show(2);
+    QList<Record> buttons = liveButtons(2);
     QList<Record> rows;
     for (const char* id : {"0", "2", "-1", "99999999999", "abc", "", "2147483647", "-2147483648"})
         rows.append({{"buttonid", id}, {"check", "0"}});
@@ -211,40 +261,94 @@ void TestUsageMarks::idsOutsideTheRecordsArePassedOver()
     markused(&list, &buttons, {"2", "-1", "99999999999", "abc", "", "2147483647"});
     // The rows show what their id says; the records of the show have no such buttons.
     QCOMPARE(states(list), QString("022222202"));
-    QCOMPARE(buttons, show(2));
+    QCOMPARE(buttons, liveButtons(2));
 
     // A row whose id is no number does not stand for button 0.
-    buttons = show(2, "1");
+    buttons = liveButtons(2, "1");
     MyModel words({Record{{"buttonid", "abc"}}, Record{{"buttonid", ""}}});
     markused(&words, &buttons, {"0"});
     QCOMPARE(states(words), QString("00"));
-    QCOMPARE(buttons, show(2, "1"));
+    QCOMPARE(buttons, liveButtons(2, "1"));
 }
 
 void TestUsageMarks::otherValuesStayAsTheyWere()
 {
-    QList<Record> buttons = show(3);
+    QList<Record> buttons = liveButtons(3);
     MyModel list(buttons);
     const QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
     markused(&list, &buttons, {"0", "1", "2"});
-    QCOMPARE(list.getList(), show(3, "1"));
-    QCOMPARE(buttons, show(3, "1"));
+    QCOMPARE(list.getList(), liveButtons(3, "1"));
+    QCOMPARE(buttons, liveButtons(3, "1"));
     QCOMPARE(changed.count(), 0);
 }
 
 void TestUsageMarks::anEmptyListOrShowIsNoTrouble()
 {
-    QList<Record> buttons = show(2, "1");
+    QList<Record> buttons = liveButtons(2, "1");
     MyModel empty;
     markused(&empty, &buttons, {"0"});
     // Only what the list shows is marked or unmarked.
-    QCOMPARE(buttons, show(2, "1"));
+    QCOMPARE(buttons, liveButtons(2, "1"));
 
     QList<Record> none;
-    MyModel list(show(2));
+    MyModel list(liveButtons(2));
     markused(&list, &none, {"1"});
     QCOMPARE(states(list), QString("02"));
     QCOMPARE(none, QList<Record>());
+}
+
+void TestUsageMarks::unmarkingFindsRowsByIdAndRecordsByRow()
+{
+    QList<Record> buttons = show(3, "1");
+    MyModel list({buttons.at(2), buttons.at(0), buttons.at(2)});
+    unmark(&list, &buttons, 2);
+    QCOMPARE(states(list), QString("020"));
+    QCOMPARE(checks(buttons), QString("010"));
+    unmark(&list, &buttons, 7);
+    QCOMPARE(states(list), QString("020"));
+    QCOMPARE(checks(buttons), QString("010"));
+}
+
+void TestUsageMarks::unmarkingComparesNumbers()
+{
+    QList<Record> rows;
+    for (const char* id : {"0", "01", "1", "abc", "", "1x"})
+        rows.append({{"buttonid", id}, {"check", "1"}});
+    QList<Record> buttons = rows;
+    MyModel list(rows);
+    unmark(&list, &buttons, 1);
+    QCOMPARE(states(list), QString("200222"));
+    QCOMPARE(checks(buttons), QString("100111"));
+    // What is no number counts as button 0.
+    unmark(&list, &buttons, 0);
+    QCOMPARE(states(list), QString("000000"));
+    QCOMPARE(checks(buttons), QString("000000"));
+}
+
+void TestUsageMarks::unmarkingChangesTheMarkAlone()
+{
+    QList<Record> buttons = show(2, "1");
+    MyModel list(buttons);
+    const QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
+    unmark(&list, &buttons, 0);
+    QList<Record> expected = show(2, "1");
+    expected[0]["check"] = "0";
+    QCOMPARE(list.getList(), expected);
+    QCOMPARE(buttons, expected);
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestUsageMarks::unmarkingPassesOverRowsWithoutARecord()
+{
+    QList<Record> buttons = show(1, "1");
+    MyModel list(show(3, "1"));
+    unmark(&list, &buttons, 2);
+    QCOMPARE(states(list), QString("220"));
+    QCOMPARE(buttons, show(1, "1"));
+
+    MyModel empty;
+    unmark(&empty, &buttons, 0);
+    QCOMPARE(buttons, show(1, "1"));
 }
 
 QTEST_GUILESS_MAIN(TestUsageMarks)

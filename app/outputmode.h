@@ -12,7 +12,7 @@ class QWidget;
 class RecordModel;
 
 /// One of the outputs that the user chooses between, and all that the window does differently for it.
-struct Output
+struct OutputMode
 {
     QRadioButton* radio = nullptr; ///< checked = this output is chosen
     QTableView* view = nullptr;    ///< shows `grid`
