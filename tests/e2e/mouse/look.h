@@ -13,8 +13,9 @@ constexpr QRgb comboFrameUnderMouse = 0xff909090;
 constexpr QRgb comboEntryFrame = 0xff1a1a1a; ///< under the mouse; the toolkit's own, darker than the ground
 constexpr QRgb editFrameWithKeyboard = 0xffaaaaaa;
 constexpr QRgb gridLine = 0xff252525;
-constexpr QRgb cellSelected = 0xff404040;
+constexpr QRgb cellSelected = 0xff404040; ///< of the pads page too
 constexpr QRgb cellUnusable = 0xff303030; ///< the switch too
+constexpr QRgb menuBorder = 0xff505050;
 constexpr QRgb menuEntryUnderMouse = 0xff404040;
 
 constexpr int menuFrame = 3;      ///< what surrounds the entries of a context menu

@@ -65,8 +65,11 @@ public:
 
     // Pads page (user_pads.cpp)
 
-    /// The pad, where the mouse takes hold of it.
+    /// The row of the Live Buttons list and the pad, where the mouse takes hold of them.
+    QPoint listrow(int row) const;
     QPoint pad(int number) const;
+    /// Opens the context menu of an occupied pad.
+    void openpadmenu(int pad);
     /// Double-clicks an occupied pad, replaces its text and ends with Return.
     void editpad(int number, const QString& text);
     void choosebank(int bank);
@@ -119,7 +122,6 @@ private:
     QVector<QRect> boxbuttons() const;
     void confirm(Earlier earlier);
     bool hasoutput(Output output) const;
-    QPoint listrow(int row) const;
     void drag(QPoint from, QPoint to, const QString& heldkey);
     void opencolormenu(Cell cell, PadColor which);
 

@@ -3,6 +3,8 @@
 #include "look.h"
 #include "user.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Where the entry is in a menu with this geometry and these entries ("-" for a separator).
@@ -21,8 +23,15 @@ QRect entryrect(const QRect& menu, const QStringList& entries, const QString& en
 
 void User::awaitmenus(int count)
 {
-    await([&] { return otherwindows().size() == count; },
-          QStringLiteral("There are not %1 open menus.").arg(count));
+    const auto isdrawn = [this](const ScreenWindow& menu) {
+        return color(menu.geometry.topLeft()) == Look::menuBorder;
+    };
+    await(
+        [&] {
+            const QVector<ScreenWindow> menus = otherwindows();
+            return menus.size() == count && std::all_of(menus.begin(), menus.end(), isdrawn);
+        },
+        QStringLiteral("There are not %1 open menus.").arg(count));
 }
 
 void User::clickmenu(int depth, const QStringList& entries, const QString& entry)

@@ -1,12 +1,13 @@
 // The user at the Live Buttons list and the pads page.
 
+#include "look.h"
 #include "padgeometry.h"
 #include "user.h"
 
-/// Where the mouse takes hold of a row of the Live Buttons list. Eight rows fill it, like the pads page.
 QPoint User::listrow(int row) const
 {
     const QRect list = rect(QStringLiteral("dmxlistview"));
+    // Eight rows fill it, as they fill the pads page.
     return list.topLeft() + QPoint(0, (row - 1) * (list.height() / rowsPerBank)) + holdPoint;
 }
 
@@ -17,6 +18,15 @@ QPoint User::pad(int number) const
     const int row = (number - 1) % rowsPerBank;
     return pads.topLeft() +
            QPoint(column * (pads.width() / padColumns), row * (pads.height() / rowsPerBank)) + holdPoint;
+}
+
+void User::openpadmenu(int pad)
+{
+    pointer().click(this->pad(pad), MouseButton::Right);
+    awaitmenus(1);
+    // The strip above the pad's text.
+    await([&] { return color(this->pad(pad) - QPoint(0, 11)) == Look::cellSelected; },
+          QStringLiteral("The pad %1 is not selected.").arg(pad));
 }
 
 void User::editpad(int number, const QString& text)
