@@ -23,7 +23,7 @@ on_macos() { [[ $(uname -s) == Darwin ]]; }
 apt_packages() {
     case $1 in
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
-    mouse) say libx11-dev xdotool xvfb ;;
+    mouse) say libx11-dev libxtst-dev xvfb ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
     # The fuzzer is a part of clang's runtime, which clang does without.
     fuzz) say clang libclang-rt-dev ;;
