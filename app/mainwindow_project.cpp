@@ -2,16 +2,16 @@
 
 #include "mainwindow.h"
 
+#include "bounds.h"
 #include "controller.h"
 #include "devices.h"
 #include "messages.h"
 #include "project.h"
+#include "readfile.h"
 #include "textfile.h"
 #include "ui_mainwindow.h"
 #include "vdjmodel.h"
-#include "xmlelements.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -131,13 +131,11 @@ bool MainWindow::loadproject()
 /// also when it has more heads than a person could have put together, as each of them reads its show.
 bool MainWindow::readprojectfile(const QString& path, project::Project* work)
 {
-    QFile file(path);
-    // A pipe or device under this name is no project; reading it could block for ever.
-    if (!QFileInfo(path).isFile() || file.size() > maxXmlSize ||
-        !file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const auto text = readregularfile(path, maxXmlSize);
+    if (!text)
         return false;
-    *work = project::readproject(file.readAll());
-    return work->heads.size() <= project::maxHeads &&
+    *work = project::readproject(*text);
+    return work->heads.size() <= maxProjects &&
            std::all_of(work->heads.cbegin(), work->heads.cend(),
                        [](const project::Head& head) { return QFileInfo(head.show).isFile(); });
 }

@@ -2,12 +2,15 @@
 
 #include "itemroles.h"
 #include "measure.h"
+#include "padgeometry.h"
 #include "padspagewriter.h"
 #include "table.h"
 #include "textfile.h"
 #include "vdjmodel.h"
 
 #include <QFileInfo>
+
+using namespace padspage;
 
 namespace {
 

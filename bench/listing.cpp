@@ -15,6 +15,8 @@
 
 #include <vector>
 
+using namespace show;
+
 namespace {
 
 constexpr int rounds = 11;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "bounds.h"
 #include "record.h"
+#include "xmltext.h"
 
 #include <QByteArray>
 #include <QList>
@@ -14,17 +16,13 @@ struct XmlElement
     Record attributes;
 };
 
-/// Far above any real mapping or project (some hundred kilobytes), and small enough to be parsed at once.
-constexpr int maxXmlSize = 8 * 1024 * 1024;
-
 /// What `elementsof` gives of a malformed document.
 enum class Malformed { Nothing, WhatWasRead };
 
-/// Every element of the document \a xml whose tag is in \a tags, at any depth, in document order. Nothing for
-/// a document that defines entities or default attributes, or that crowds a tag with hundreds of attributes:
-/// a small one of these can keep a reader busy for hours.
+/// Every element of the document \a xml whose tag is in \a tags, at any depth, in document order, as a DOM
+/// tree holds them. Nothing for a document that `safexml` refuses; \a refusal then takes the reason.
 QList<XmlElement> elementsof(const QByteArray& xml, const QStringList& tags,
-                             Malformed malformed = Malformed::Nothing);
+                             Malformed malformed = Malformed::Nothing, XmlRefusal* refusal = nullptr);
 
 /// The same for the file \a path. Empty for a file that is missing, unreadable, malformed or larger than
 /// `maxXmlSize` bytes.

@@ -80,10 +80,6 @@ struct Project
     bool ismidi() const { return std::holds_alternative<ControllerCells>(cells); }
 };
 
-/// Each `project` element of a file reads its show when it is loaded; more of them than a person could have
-/// put together only keep the program busy.
-constexpr int maxHeads = 8;
-
 /// The text of the project file, with the first of its heads (an empty one if there is none). Values are
 /// written as they stand, without escaping: one with a double quote, "&" or "<" gives a file that cannot be
 /// read whole.

@@ -1,0 +1,233 @@
+#include "xmltext.h"
+
+#include "bounds.h"
+
+#include <QRegularExpression>
+#include <QTextCodec>
+
+#include <memory>
+#include <optional>
+
+namespace {
+
+QString decoded(const QByteArray& bytes, const QTextCodec& codec)
+{
+    // A decoder passes over half a character at the end of the file; the codec itself would put in a sign.
+    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
+    return decoder->toUnicode(bytes);
+}
+
+/// The encoding that the XML declaration at the start of \a text names; empty when it names none.
+QString declaredencoding(const QString& text)
+{
+    static const QRegularExpression declaration(
+        QStringLiteral("^<\\?xml[^>]*?encoding[^>'\"]*['\"]([^>'\"]*)[^>]*>"));
+    return declaration.match(text).captured(1);
+}
+
+/// Whether \a codec is one of the encodings that are read beside UTF-16. In all of them every sign of XML is
+/// its ASCII byte.
+bool isplain(const QTextCodec& codec)
+{
+    static const QRegularExpression names(
+        QStringLiteral("^(UTF-8|US-ASCII|ISO-8859-\\d{1,2}|windows-125\\d)$"));
+    return names.match(QString::fromLatin1(codec.name())).hasMatch();
+}
+
+/// The text of \a xml; nothing when its encoding is not read.
+std::optional<QString> decodedxml(const QByteArray& xml)
+{
+    const bool wide = xml.startsWith("\xFE\xFF") || xml.startsWith("\xFF\xFE");
+    const QByteArray start = xml.left(4);
+    // Without a byte order mark, or with one of UTF-32
+    if ((!wide && start.contains('\0')) || start == QByteArray("\xFF\xFE\0\0", 4))
+        return std::nullopt;
+    const QTextCodec* const assumed = QTextCodec::codecForName(wide ? "UTF-16" : "UTF-8");
+    // A declaration is looked for in the first kilobyte only, as parsers do.
+    const QString name = declaredencoding(decoded(xml.left(1024), *assumed));
+    if (name.isEmpty())
+        return decoded(xml, *assumed);
+    const QTextCodec* const codec = QTextCodec::codecForName(name.toLatin1());
+    if (!codec || (codec->mibEnum() != assumed->mibEnum() && !isplain(*codec)))
+        return std::nullopt;
+    return decoded(xml, *codec);
+}
+
+/// One walk over the text of a document. It reads signs the way a parser does, so that nothing is hidden from
+/// it in quotes, comments, CDATA or processing instructions. At what no parser accepts it may be wrong: a
+/// parser reads nothing behind that.
+class Walk
+{
+public:
+    explicit Walk(const QString& text) : m_text(text) {}
+
+    XmlRefusal refusal();
+
+    /// The text with its attribute values made safe, as far as it was walked.
+    QString safetext() const { return m_copied == 0 ? m_text : m_safe + m_text.mid(m_copied); }
+
+private:
+    bool starts(QLatin1String sign) const { return QStringView(m_text).mid(m_at, sign.size()) == sign; }
+    void skipbehind(const QString& sign, int from);
+    void skipquotes();
+    void declaration();
+    XmlRefusal markup();
+    XmlRefusal doctype();
+    XmlRefusal tag();
+    void makesafe(int start, int end);
+
+    const QString m_text;
+    QString m_safe;
+    int m_copied = 0; ///< how much of the text stands in m_safe
+    int m_at = 0;
+    int m_depth = 0;
+    int m_parts = 0;
+};
+
+/// Goes behind the next \a sign, to be found \a from signs behind the place.
+void Walk::skipbehind(const QString& sign, int from)
+{
+    const int found = m_text.indexOf(sign, m_at + from);
+    m_at = found < 0 ? m_text.size() : found + sign.size();
+}
+
+/// Goes behind the quoted text that begins at the place.
+void Walk::skipquotes() { skipbehind(QString(m_text.at(m_at)), 1); }
+
+XmlRefusal Walk::refusal()
+{
+    declaration();
+    XmlRefusal refusal = XmlRefusal::None;
+    while (m_at < m_text.size() && refusal == XmlRefusal::None) {
+        const QChar sign = m_text.at(m_at);
+        if (sign == QLatin1Char('<')) {
+            refusal = markup();
+        } else {
+            // A reference in a text is a part of its own.
+            m_parts += sign == QLatin1Char('&') ? 1 : 0;
+            ++m_at;
+        }
+        if (m_parts > maxXmlParts)
+            return XmlRefusal::Parts;
+    }
+    return refusal;
+}
+
+/// The XML declaration at the start, which has quotes other than a processing instruction.
+void Walk::declaration()
+{
+    if (!starts(QLatin1String("<?xml")) || m_text.size() < 6 || !m_text.at(5).isSpace())
+        return;
+    while (m_at < m_text.size() && !starts(QLatin1String("?>"))) {
+        if (m_text.at(m_at) == QLatin1Char('"') || m_text.at(m_at) == QLatin1Char('\''))
+            skipquotes();
+        else
+            ++m_at;
+    }
+}
+
+/// Anything that begins with "<".
+XmlRefusal Walk::markup()
+{
+    if (starts(QLatin1String("</"))) {
+        --m_depth;
+        m_at += 2;
+        return XmlRefusal::None;
+    }
+    ++m_parts;
+    if (starts(QLatin1String("<!--"))) {
+        skipbehind(QStringLiteral("-->"), 4);
+    } else if (starts(QLatin1String("<![CDATA["))) {
+        skipbehind(QStringLiteral("]]>"), 9);
+    } else if (starts(QLatin1String("<?"))) {
+        skipbehind(QStringLiteral("?>"), 2);
+    } else if (starts(QLatin1String("<!ENTITY"))) {
+        return XmlRefusal::Entities;
+    } else if (starts(QLatin1String("<!ATTLIST"))) {
+        return XmlRefusal::DefaultAttributes;
+    } else if (starts(QLatin1String("<!DOCTYPE"))) {
+        return doctype();
+    } else {
+        return tag();
+    }
+    return XmlRefusal::None;
+}
+
+/// A document type: the declarations in its brackets, up to the ">" behind them.
+XmlRefusal Walk::doctype()
+{
+    bool subset = false;
+    int depth = 0;
+    m_at += 9;
+    while (m_at < m_text.size() && m_parts <= maxXmlParts) {
+        const char sign = m_text.at(m_at).toLatin1();
+        if (sign == '"' || sign == '\'') {
+            skipquotes();
+        } else if (sign == '<' && (starts(QLatin1String("<!--")) || starts(QLatin1String("<?")) ||
+                                   starts(QLatin1String("<!ENTITY")) || starts(QLatin1String("<!ATTLIST")))) {
+            const XmlRefusal refusal = markup();
+            if (refusal != XmlRefusal::None)
+                return refusal;
+        } else {
+            ++m_at;
+            m_parts += sign == '<' || sign == '%' ? 1 : 0;
+            depth += sign == '(' ? 1 : sign == ')' ? -1 : 0;
+            if (depth > maxXmlDepth)
+                return XmlRefusal::Nesting;
+            subset = sign == '[' || (subset && sign != ']');
+            if (sign == '>' && !subset)
+                break;
+        }
+    }
+    return XmlRefusal::None;
+}
+
+/// A start tag or empty element.
+XmlRefusal Walk::tag()
+{
+    int attributes = 0;
+    for (++m_at; m_at < m_text.size();) {
+        const char sign = m_text.at(m_at).toLatin1();
+        if (sign == '>')
+            break;
+        if (sign != '"' && sign != '\'') {
+            ++m_at;
+            continue;
+        }
+        if (++attributes > maxXmlAttributes)
+            return XmlRefusal::Attributes;
+        const int start = m_at;
+        skipquotes();
+        makesafe(start, m_at);
+    }
+    m_parts += attributes;
+    if (m_at < m_text.size() && m_text.at(m_at - 1) != QLatin1Char('/'))
+        ++m_depth;
+    ++m_at;
+    return m_depth > maxXmlDepth ? XmlRefusal::Nesting : XmlRefusal::None;
+}
+
+/// Puts character references for the tabs and line breaks of the value from \a start to \a end.
+void Walk::makesafe(int start, int end)
+{
+    for (int at = start; at < end; ++at) {
+        const char sign = m_text.at(at).toLatin1();
+        if (sign != '\t' && sign != '\n' && sign != '\r')
+            continue;
+        m_safe += m_text.mid(m_copied, at - m_copied);
+        m_safe += QLatin1String(sign == '\t' ? "&#9;" : sign == '\n' ? "&#10;" : "&#13;");
+        m_copied = at + 1;
+    }
+}
+
+} // namespace
+
+XmlText safexml(const QByteArray& xml)
+{
+    const auto text = decodedxml(xml);
+    if (!text)
+        return {QString(), XmlRefusal::Encoding};
+    Walk walk(*text);
+    const XmlRefusal refusal = walk.refusal();
+    return {refusal == XmlRefusal::None ? walk.safetext() : QString(), refusal};
+}
