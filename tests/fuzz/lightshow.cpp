@@ -1,6 +1,8 @@
 // The reader of light shows: any file within bounds, a plain one as the toolkit's own settings tell it.
 
 #include "lightshow.h"
+
+#include "bounds.h"
 #include "fuzz.h"
 
 #include <QRegularExpression>
@@ -75,8 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Fuzz::InputFile file(text, QStringLiteral("ini"));
     const auto show = Fuzz::intime([&] { return show::readlightshow(file.path()); });
     Fuzz::require(show && !show->pages.isEmpty(), "a file that is there gives a show");
-    Fuzz::require(show->pages.size() <= show::maxLivePages + 1 &&
-                      show->buttons.size() <= show::maxLiveButtons,
+    Fuzz::require(show->pages.size() <= maxLivePages + 1 && show->buttons.size() <= maxLiveButtons,
                   "a show stays within its bounds");
     for (int id = 0; id < show->buttons.size(); ++id) {
         const Record& button = show->buttons.at(id);
