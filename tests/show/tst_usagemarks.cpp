@@ -299,7 +299,7 @@ void TestUsageMarks::anEmptyListOrShowIsNoTrouble()
 
 void TestUsageMarks::unmarkingFindsRowsByIdAndRecordsByRow()
 {
-    QList<Record> buttons = show(3, "1");
+    QList<Record> buttons = liveButtons(3, "1");
     MyModel list({buttons.at(2), buttons.at(0), buttons.at(2)});
     unmark(&list, &buttons, 2);
     QCOMPARE(states(list), QString("020"));
@@ -327,11 +327,11 @@ void TestUsageMarks::unmarkingComparesNumbers()
 
 void TestUsageMarks::unmarkingChangesTheMarkAlone()
 {
-    QList<Record> buttons = show(2, "1");
+    QList<Record> buttons = liveButtons(2, "1");
     MyModel list(buttons);
     const QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
     unmark(&list, &buttons, 0);
-    QList<Record> expected = show(2, "1");
+    QList<Record> expected = liveButtons(2, "1");
     expected[0]["check"] = "0";
     QCOMPARE(list.getList(), expected);
     QCOMPARE(buttons, expected);
@@ -340,15 +340,15 @@ void TestUsageMarks::unmarkingChangesTheMarkAlone()
 
 void TestUsageMarks::unmarkingPassesOverRowsWithoutARecord()
 {
-    QList<Record> buttons = show(1, "1");
-    MyModel list(show(3, "1"));
+    QList<Record> buttons = liveButtons(1, "1");
+    MyModel list(liveButtons(3, "1"));
     unmark(&list, &buttons, 2);
     QCOMPARE(states(list), QString("220"));
-    QCOMPARE(buttons, show(1, "1"));
+    QCOMPARE(buttons, liveButtons(1, "1"));
 
     MyModel empty;
     unmark(&empty, &buttons, 0);
-    QCOMPARE(buttons, show(1, "1"));
+    QCOMPARE(buttons, liveButtons(1, "1"));
 }
 
 QTEST_GUILESS_MAIN(TestUsageMarks)

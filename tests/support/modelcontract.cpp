@@ -44,7 +44,7 @@ std::unique_ptr<QMimeData> redPayload(const QStringList& fields)
 }
 
 /// A drop as views make it: on an item, without row and column.
-bool drop(DragModel* model, const QMimeData* data, const QModelIndex& target)
+bool drop(RecordModel* model, const QMimeData* data, const QModelIndex& target)
 {
     return model->dropMimeData(data, Qt::CopyAction, -1, -1, target);
 }
@@ -78,7 +78,7 @@ QStringList asText(const RecordRows& rows)
     return lines;
 }
 
-std::unique_ptr<DragModel> ModelContract::numbered(int rows) const
+std::unique_ptr<RecordModel> ModelContract::numbered(int rows) const
 {
     auto model = make();
     if (rows > 0 && !model->insertRows(0, rows))
@@ -88,7 +88,7 @@ std::unique_ptr<DragModel> ModelContract::numbered(int rows) const
     return model;
 }
 
-QString ModelContract::rowNames(const DragModel& model)
+QString ModelContract::rowNames(const RecordModel& model)
 {
     QStringList names;
     for (int row = 0; row < model.rowCount(); ++row)
@@ -96,7 +96,7 @@ QString ModelContract::rowNames(const DragModel& model)
     return names.join(' ');
 }
 
-void ModelContract::occupy(DragModel* model, int row) const
+void ModelContract::occupy(RecordModel* model, int row) const
 {
     for (const ContractRole& item : roles())
         model->setData(model->index(row, 0), "1", item.role);
