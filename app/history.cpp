@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace app {
+
 /// One step of one output.
 class History::Change : public QUndoCommand
 {
@@ -92,3 +94,5 @@ void History::put(int output, const Work& work)
     m_put(output, work);
     --m_depth;
 }
+
+} // namespace app

@@ -8,6 +8,8 @@
 
 class QUndoStack;
 
+namespace app {
+
 /// The steps that a person can take back and take again, for each output on its own. It knows no edit by its
 /// kind: a step is the work of an output before and after.
 class History
@@ -60,3 +62,5 @@ private:
     QVector<Work> m_before;        ///< of the step that is not at its end; empty when none is to come of it
     int m_depth = 0;               ///< of steps inside each other
 };
+
+} // namespace app

@@ -70,9 +70,9 @@ MainWindow::MainWindow(QWidget* parent)
       projectsPath(programFolder + QStringLiteral("/projects")),
       padsPath(documentsPath + QStringLiteral("/VirtualDJ/Pads")),
       mappersPath(documentsPath + QStringLiteral("/VirtualDJ/Mappers")),
-      history(std::make_unique<History>(
+      history(std::make_unique<app::History>(
           static_cast<int>(outputs.size()), [this](int output) { return takework(output); },
-          [this](int output, const Work& work) { putwork(output, work); }))
+          [this](int output, const app::Work& work) { putwork(output, work); }))
 {
     initresources();
     ui->setupUi(this);
@@ -80,7 +80,7 @@ MainWindow::MainWindow(QWidget* parent)
     setupviews();
     setupoutputs();
     setuphistory();
-    const History::Step start(history.get());
+    const app::History::Step start(history.get());
 
     // The two boxes of the MIDI side overlap; the last line of this one would hide the first of the grid's.
     ui->groupBox_midis->setMask(ui->groupBox_midis->rect().adjusted(0, 0, 0, -1));
@@ -113,7 +113,12 @@ MainWindow::MainWindow(QWidget* parent)
     history->clear();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // A text that is still being edited is stored when the views go; there is no history any more by then.
+    for (const OutputMode& output : outputs)
+        output.grid->watchchanges([] {}, [] {});
+}
 
 void MainWindow::setupviews()
 {
@@ -349,7 +354,7 @@ void MainWindow::on_loadini_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     initpadlist();
     show::unmarkrows(dmxModel);
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));

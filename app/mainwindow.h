@@ -42,10 +42,10 @@ public:
     ~MainWindow() override;
 
     /// The work of an output, the pads page (0) or the controller (1); name and marks if it is the shown one.
-    Work takework(int output) const;
+    app::Work takework(int output) const;
     /// Puts the work of an output back as it was taken. The other output's grid, the focus and what is
     /// selected stay.
-    void putwork(int output, const Work& work);
+    void putwork(int output, const app::Work& work);
 
     /// The keys of the three lists of buttons and pads.
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -280,9 +280,9 @@ private:
     void setupoutputs();
     void setuphistory();
     void setupkeys();
-    void putpadspage(const Work& work);
-    void putcontroller(const Work& work);
-    void putmarks(const Marks& marks);
+    void putpadspage(const app::Work& work);
+    void putcontroller(const app::Work& work);
+    void putmarks(const app::Marks& marks);
     bool keypressed(QTableView* view, const QKeyEvent& key);
     bool gridkeypressed(const QKeyEvent& key);
     void entercells(QTableView* view);
@@ -333,7 +333,7 @@ private:
     };
 
     std::array<OutputMode, 2> outputs;
-    std::unique_ptr<History> history;
+    std::unique_ptr<app::History> history;
     Choices choices;
     Taken taken;
 };

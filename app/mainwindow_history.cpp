@@ -45,7 +45,7 @@ void MainWindow::setuphistory()
 
 void MainWindow::choicechanged()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     choices.sixteenPads = ui->radioButton_16pads->isChecked();
     choices.mapping = ui->mididevices->currentIndex();
     choices.offColor = ui->combo_offcolor->currentIndex();
@@ -64,9 +64,9 @@ void MainWindow::redo()
     history->redo();
 }
 
-Work MainWindow::takework(int output) const
+app::Work MainWindow::takework(int output) const
 {
-    Work work;
+    app::Work work;
     work.pads = outputs.at(output).grid->rows();
     if (output == PadsOutput) {
         work.banks = banks;
@@ -82,12 +82,12 @@ Work MainWindow::takework(int output) const
     }
     if (&outputs.at(output) == &chosenoutput()) {
         work.name = choices.name;
-        work.marks = Marks{dmxModel->rows(), buttons};
+        work.marks = app::Marks{dmxModel->rows(), buttons};
     }
     return work;
 }
 
-void MainWindow::putwork(int output, const Work& work)
+void MainWindow::putwork(int output, const app::Work& work)
 {
     const OutputMode& mode = outputs.at(output);
     mode.grid->setrows(work.pads);
@@ -103,7 +103,7 @@ void MainWindow::putwork(int output, const Work& work)
         show::markused(dmxModel, &buttons, show::usedids(*mode.grid, mode.markColumns));
 }
 
-void MainWindow::putpadspage(const Work& work)
+void MainWindow::putpadspage(const app::Work& work)
 {
     banks = work.banks;
     (work.sixteenPads ? ui->radioButton_16pads : ui->radioButton_8pads)->setChecked(true);
@@ -113,7 +113,7 @@ void MainWindow::putpadspage(const Work& work)
     showbank(work.bank);
 }
 
-void MainWindow::putcontroller(const Work& work)
+void MainWindow::putcontroller(const app::Work& work)
 {
     if (currentDevice != work.device) {
         // The slot of this choice would work out anew what the grid holds, and take the focus.
@@ -131,7 +131,7 @@ void MainWindow::putcontroller(const Work& work)
 }
 
 /// Puts the `check` of every Live Button back, in the list and in `buttons`, as far as they still exist.
-void MainWindow::putmarks(const Marks& marks)
+void MainWindow::putmarks(const app::Marks& marks)
 {
     for (int row = 0; row < dmxModel->rowCount() && row < marks.list.size(); ++row) {
         const QString check = marks.list.at(row).value(0).value(Key::check());

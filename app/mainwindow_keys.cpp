@@ -294,7 +294,7 @@ void MainWindow::removeselected()
     pads.erase(std::remove_if(pads.begin(), pads.end(), untouched), pads.end());
     if (pads.isEmpty())
         return;
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     removepads(output, pads);
     focusgrid(output);
 }

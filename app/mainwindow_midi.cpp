@@ -87,7 +87,7 @@ void MainWindow::offerpalette(const QStringList& palette, int off, int on)
 
 void MainWindow::on_devicescombo_currentIndexChanged(int index)
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     updatemidicombo(index);
     updatelayout();
 }

@@ -28,7 +28,7 @@ void MainWindow::resetbanks()
 
 void MainWindow::initpadlist()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     padspage::fillpads(vdjModel);
     for (int column = 0; column < padspage::padColumns; ++column)
         ui->vdjlistview->setColumnWidth(column, padspage::padWidth);
@@ -62,7 +62,7 @@ void MainWindow::on_bankname_editingFinished()
     const int bank = ui->bankcombo->currentIndex();
     if (bank < 0)
         return;
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     while (banks.size() <= bank)
         banks.append(QString());
     banks[bank] = ui->bankname->text();
@@ -70,7 +70,7 @@ void MainWindow::on_bankname_editingFinished()
 
 void MainWindow::on_padsname_editingFinished()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     if (ui->padsname->text().isEmpty())
         ui->padsname->setText(Stored::pageName());
     ui->padsname->setModified(false);
@@ -101,14 +101,14 @@ void MainWindow::customMenuRequestedvdj(QPoint pos)
 
 void MainWindow::ondeletevdjaction_triggered()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     removepads(outputs.at(PadsOutput), ui->vdjlistview->selectionModel()->selectedIndexes());
     focusgrid(outputs.at(PadsOutput));
 }
 
 void MainWindow::on_cleanpads_button_clicked()
 {
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     padspage::fillpads(vdjModel);
     show::unmarkrows(dmxModel);
     ui->bankcombo->setCurrentIndex(0);

@@ -104,7 +104,7 @@ bool MainWindow::loadproject()
     project::Project work;
     if (!readprojectfile(path, &work))
         return false;
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     for (const project::Head& head : std::as_const(work.heads))
         restorehead(head);
 

@@ -37,7 +37,7 @@ bool MainWindow::loadshowname(const QString& path)
     const auto show = show::readlightshow(path);
     if (!show)
         return false;
-    const History::Step step(history.get());
+    const app::History::Step step(history.get());
     switchPad = {-1, -1};
     emptywork();
     ui->combobox->clear();

@@ -2,6 +2,8 @@
 
 #include <tuple>
 
+namespace app {
+
 bool operator==(const Marks& a, const Marks& b) { return a.list == b.list && a.buttons == b.buttons; }
 
 bool operator==(const Work& a, const Work& b)
@@ -12,3 +14,5 @@ bool operator==(const Work& a, const Work& b)
     };
     return fields(a) == fields(b);
 }
+
+} // namespace app

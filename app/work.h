@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <optional>
 
+namespace app {
+
 /// Which Live Buttons count as used, in both places that keep it.
 struct Marks
 {
@@ -44,3 +46,5 @@ struct Work
 bool operator==(const Marks& a, const Marks& b);
 bool operator==(const Work& a, const Work& b);
 inline bool operator!=(const Work& a, const Work& b) { return !(a == b); }
+
+} // namespace app
