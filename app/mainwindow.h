@@ -329,7 +329,7 @@ private:
     {
         QPersistentModelIndex from; ///< invalid = nothing
         bool cut = false;
-        QString id; ///< of the Live Button that was there
+        QString id; ///< of the Live Button that was cut
     };
 
     std::array<OutputMode, 2> outputs;

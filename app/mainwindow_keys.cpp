@@ -58,11 +58,13 @@ bool isenter(const QKeyEvent& key)
 
 bool isremove(const QKeyEvent& key)
 {
-    return key.matches(QKeySequence::Delete) || key.matches(QKeySequence::Backspace);
+    // The toolkit knows a standard key for Backspace on a Mac only.
+    const bool backspace = key.key() == Qt::Key_Backspace && key.modifiers() == Qt::NoModifier;
+    return key.matches(QKeySequence::Delete) || backspace;
 }
 
-/// The window system itself makes a request for a menu of the Menu key, but not on every platform of
-/// Shift+F10; where it makes another one of either, that goes to the menu which is open by then.
+/// Not every window system makes a request for a menu out of Shift+F10. One that is made of a key all the
+/// same finds the menu open, which takes no notice.
 bool ismenukey(const QKeyEvent& key)
 {
     return key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier);
@@ -250,14 +252,14 @@ void MainWindow::copybutton(QTableView* view)
     const QModelIndex cell = view->currentIndex();
     if (!isshown(view, cell))
         return;
-    const QString id = cell.data(ItemRole::Id).toString();
-    for (int row = 0; row < dmxModel->rowCount(); ++row) {
-        const QModelIndex button = view == ui->dmxlistview ? cell : dmxModel->index(row, 0);
-        if (button.data(ItemRole::Id).toString() == id) {
-            taken = {button, false, id};
-            return;
-        }
+    if (view == ui->dmxlistview) {
+        taken = {cell, false, {}};
+        return;
     }
+    const QModelIndexList buttonsOfPad =
+        dmxModel->match(dmxModel->index(0, 0), ItemRole::Id, cell.data(ItemRole::Id), 1, Qt::MatchExactly);
+    if (!buttonsOfPad.isEmpty())
+        taken = {buttonsOfPad.constFirst(), false, {}};
 }
 
 void MainWindow::cutpad()

@@ -96,7 +96,7 @@ void WorkTest::takesTheControllerAsItIs()
 
 void WorkTest::takesNameAndMarksWithTheShownOutputOnly()
 {
-    const MidiWindow midi(Output::Midi);
+    MidiWindow midi(Output::Midi);
     QVERIFY(midi.window.takework(controllerGrid).name);
     QVERIFY(midi.window.takework(controllerGrid).marks);
     QVERIFY(!midi.window.takework(padsPage).name);
@@ -105,7 +105,7 @@ void WorkTest::takesNameAndMarksWithTheShownOutputOnly()
 
 void WorkTest::takesNoNameThatIsStillBeingTyped()
 {
-    const MidiWindow midi(Output::Pads);
+    MidiWindow midi(Output::Pads);
     QLineEdit* const name = field(midi, "padsname");
     name->selectAll();
     QTest::keyClicks(name, QStringLiteral("Finale"));
@@ -176,7 +176,7 @@ void WorkTest::putsDefaultColoursOfADeviceThatHasNone()
 {
     // A full-RGB device keeps the default colours of the one that was chosen before it, and so does its
     // project file.
-    const MidiWindow midi(Output::Midi);
+    MidiWindow midi(Output::Midi);
     int rgb = -1;
     for (int device = 0; device < midi.window.devices.size(); ++device) {
         if (midi.window.devices.at(device).value(QStringLiteral("fullrgb")) == QLatin1String("true"))
@@ -189,7 +189,7 @@ void WorkTest::putsDefaultColoursOfADeviceThatHasNone()
     const app::Work work = midi.window.takework(controllerGrid);
     combo(midi, "devicescombo")->setCurrentIndex(0);
     QVERIFY(combo(midi, "combo_oncolor")->count() <= work.onColor);
-    const_cast<TestWindow&>(midi.window).putwork(controllerGrid, work);
+    midi.window.putwork(controllerGrid, work);
     QCOMPARE(combo(midi, "combo_oncolor")->currentIndex(), work.onColor);
     QVERIFY(combo(midi, "combo_oncolor")->isHidden() ||
             midi.window.child<QWidget>("groupBox_colors")->isHidden());
@@ -265,7 +265,7 @@ void WorkTest::putsPadsIntoAGridWithoutRows()
 
 void WorkTest::tellsWorkApart()
 {
-    const MidiWindow midi(Output::Pads);
+    MidiWindow midi(Output::Pads);
     const app::Work work = midi.window.takework(padsPage);
     QVERIFY(work == app::Work(work));
     QVector<app::Work> others(14, work);
