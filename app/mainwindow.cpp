@@ -1,12 +1,16 @@
 #include "mainwindow.h"
 
+#include "accessible.h"
 #include "cells.h"
 #include "controller.h"
 #include "dialog.h"
+#include "focusring.h"
+#include "listdelegates.h"
 #include "messages.h"
 #include "mydelegate.h"
 #include "mymodel.h"
 #include "padgeometry.h"
+#include "radiostyle.h"
 #include "styles.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
@@ -31,6 +35,15 @@ namespace {
 
 // The two ways into the MIDI layout differ by one pixel.
 constexpr int midiWindowWidthFromPads = 1365;
+
+/// The icon of every window, in the sizes of title bars, task bars and switchers.
+QIcon windowicon()
+{
+    QIcon icon;
+    for (const char* size : {"16", "32", "", "@2x"})
+        icon.addFile(QStringLiteral(":/icons/Images/lumipadicon%1.png").arg(QLatin1String(size)));
+    return icon;
+}
 
 /// Creates the last folder of \a path only; that it failed shows when something is saved there.
 void createfolder(const QString& path)
@@ -75,6 +88,8 @@ MainWindow::MainWindow(QWidget* parent)
           [this](int output, const app::Work& work) { putwork(output, work); }))
 {
     initresources();
+    QApplication::setWindowIcon(windowicon());
+    installaccessibility();
     ui->setupUi(this);
     setWindowTitle(tr("Lumipad"));
     setupviews();
@@ -111,6 +126,8 @@ MainWindow::MainWindow(QWidget* parent)
     // Filling the device choice has moved the focus; a key typed now must not change a name.
     ui->loadini->setFocus();
     history->clear();
+    namepopups(this);
+    new FocusRing(this);
 }
 
 MainWindow::~MainWindow()
@@ -153,6 +170,8 @@ void MainWindow::setupviews()
         // Tab leads on to the next control; the arrow keys walk the cells.
         view->setTabKeyNavigation(false);
     }
+    for (QTableView* list : {ui->dmxlistview, ui->vdjlistview})
+        list->setItemDelegate(new SwatchDelegate(list));
     // Eight rows fill both lists exactly; the toolkit's own height follows the screen's resolution.
     ui->dmxlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
     ui->vdjlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
@@ -179,16 +198,21 @@ void MainWindow::setstyles()
     for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
                            ui->groupBox_pads, ui->groupBox_controller})
         box->setStyleSheet(Style::groupBox());
+    auto* circles = new RadioStyle(this);
     for (QRadioButton* radio :
-         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
+         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads}) {
+        radio->setStyle(circles);
         radio->setStyleSheet(Style::radioButton());
+    }
     for (QLineEdit* edit : {ui->padsname, ui->bankname})
         edit->setStyleSheet(Style::lineEdit());
     for (QPushButton* button : {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
         button->setStyleSheet(Style::pushButton());
     for (QComboBox* combo : {ui->combobox, ui->devicescombo, ui->mididevices, ui->combo_offcolor,
-                             ui->combo_oncolor, ui->bankcombo})
+                             ui->combo_oncolor, ui->bankcombo}) {
         combo->setStyleSheet(Style::comboBox());
+        combo->setItemDelegate(new PopupDelegate(combo));
+    }
     ui->tablecontroller->setStyleSheet(Style::controllerTable());
     ui->dmxlistview->setStyleSheet(Style::listTable());
     ui->vdjlistview->setStyleSheet(Style::listTable());
