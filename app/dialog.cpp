@@ -17,7 +17,7 @@ Dialog::Dialog(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::Dialo
 {
     ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setWindowTitle(QStringLiteral("Lumipad - About"));
+    setWindowTitle(tr("Lumipad - About"));
     setStyleSheet(Style::aboutDialog());
     setSizeGripEnabled(false);
 }

@@ -2,6 +2,7 @@
 
 #include "itemroles.h"
 #include "measure.h"
+#include "padgeometry.h"
 #include "padspagewriter.h"
 #include "table.h"
 #include "textfile.h"

@@ -83,7 +83,7 @@ QString exportof(const Record& device, const QString& layoutpath, const QString&
     mapping.device = device.value(Key::device());
     mapping.date = QDate(2026, 3, 5);
     mapping.combined = true;
-    mapping.fullRgb = isfullrgb(device);
+    mapping.fullRgb = ledcolors(device) == LedColors::Any;
     mapping.switchRow = Grid::FirstSide;
     mapping.switchColumn = Grid::FirstPad;
     mapping.keys = getkeynames(layoutpath, mapperpath);

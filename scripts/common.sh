@@ -23,8 +23,10 @@ on_macos() { [[ $(uname -s) == Darwin ]]; }
 apt_packages() {
     case $1 in
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
-    mouse) say libx11-dev xdotool xvfb ;;
+    mouse) say libx11-dev libxtst-dev xvfb ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
+    # The fuzzer is a part of clang's runtime, which clang does without.
+    fuzz) say clang libclang-rt-dev ;;
     *) fail "there is no list of packages for \"$1\"." ;;
     esac
 }
@@ -35,6 +37,7 @@ brew_packages() {
     # The mouse is driven through X, which macOS does not have.
     mouse) ;;
     lint) fail "the lint tools are installed from the packages of Debian and Ubuntu only." ;;
+    fuzz) fail "the fuzzer is installed from the packages of Debian and Ubuntu only." ;;
     *) fail "there is no list of packages for \"$1\"." ;;
     esac
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bounds.h"
 #include "record.h"
 
 #include <QList>
@@ -14,16 +15,12 @@ struct LightShow
     QList<Record> buttons; ///< every Live Button; a record's index is its `buttonid`
 };
 
-/// Far above any real show (a few pages, a few hundred Live Buttons), and small enough that a damaged or
-/// hostile file that claims millions of either neither stalls the program nor fills the memory.
-constexpr int maxLivePages = 1000;
-constexpr int maxLiveButtons = 50000;
-
 /// Reads \a path (`Live/live.ini` of a show, INI format as QSettings reads it, objects excepted: their text
-/// is kept). Gives nothing when the file cannot be opened. Page and button groups that are missing give
-/// records with the generated keys only. Values are UTF-8 where their bytes are valid UTF-8, else Latin-1;
-/// Qt's escapes work in both. A value with unquoted commas comes through whole, its parts joined with ", ".
-/// Counts that are no number or do not fit 32 bits read as 0; the bounds above end reading early.
+/// is kept). Gives nothing when the file cannot be opened, is no regular file, or is larger than
+/// `maxLightShowSize` or `maxLightShowLines`. Page and button groups that are missing give records with the
+/// generated keys only. Values are UTF-8 where their bytes are valid UTF-8, else Latin-1; Qt's escapes work
+/// in both. A value with unquoted commas comes through as it is written. Counts that are no number or do not
+/// fit 32 bits read as 0. The other bounds of a show end reading early, and cut names that are too long.
 std::optional<LightShow> readlightshow(const QString& path);
 
 /// The colour text of a hexadecimal number: "#" and \a color, filled up with "0" on the left to six digits

@@ -1,5 +1,6 @@
 #include "addresses.h"
 #include "dialog.h"
+#include "testfiles.h"
 #include "testmain.h"
 #include "testwindow.h"
 
@@ -37,19 +38,6 @@ public:
 public slots:
     void open(const QUrl& url) { opened.append(url); }
 };
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(there is no such file)");
-}
-
-void writefile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write a file of the test");
-}
 
 /// Shows the About box of \a parent, calls \a look with it when it has the keyboard, and closes it.
 void inbox(const std::function<void(Dialog*)>& look, QWidget* parent = nullptr)

@@ -1,7 +1,9 @@
 #include "controller.h"
 #include "fulldisk.h"
 #include "itemroles.h"
+#include "midiwindow.h"
 #include "mymodel.h"
+#include "testcheck.h"
 #include "testfiles.h"
 #include "testmain.h"
 #include "testshows.h"
@@ -15,12 +17,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
-
-#include <memory>
 
 namespace {
 
@@ -77,9 +76,7 @@ struct ExportWindow
     void put(int button, int bank, int pad, const QString& text = QString()) const
     {
         const QModelIndex target = window.vdjModel->index((bank - 1) * 8 + (pad - 1) % 8, pad > 8 ? 1 : 0);
-        const std::unique_ptr<QMimeData> data(window.dmxModel->mimeData({window.dmxModel->index(button, 0)}));
-        if (!window.vdjModel->dropMimeData(data.get(), Qt::CopyAction, -1, -1, target))
-            qFatal("The pads refuse a Live Button of the test");
+        MidiWindow::drop(window.dmxModel->index(button, 0), target);
         if (!text.isNull())
             window.vdjModel->setData(target, text, Qt::EditRole);
     }
@@ -154,16 +151,7 @@ void compareQuestion(const ShownDialog& box, const QString& name)
 
 } // namespace
 
-// A helper's failed comparison ends the helper only; this ends the test, too.
-#define CHECK(statement)                                                                                     \
-    do {                                                                                                     \
-        statement;                                                                                           \
-        if (QTest::currentTestFailed())                                                                      \
-            return;                                                                                          \
-    } while (false)
-
 Q_DECLARE_METATYPE(Road)
-Q_DECLARE_METATYPE(Answer)
 Q_DECLARE_METATYPE(QMessageBox::StandardButton)
 
 class ExportTest : public QObject
@@ -416,14 +404,7 @@ void ExportTest::tellsWhetherThePageWasWritten()
     QCOMPARE(answer, written);
 }
 
-void ExportTest::keepsTheOldFileUnlessAnsweredYes_data()
-{
-    QTest::addColumn<Answer>("answer");
-    QTest::newRow("No") << Answers::press(QMessageBox::No);
-    QTest::newRow("Escape") << Answers::key(Qt::Key_Escape);
-    QTest::newRow("Return") << Answers::key(Qt::Key_Return);
-    QTest::newRow("closed") << Answers::closebox();
-}
+void ExportTest::keepsTheOldFileUnlessAnsweredYes_data() { Answers::addrefusals(); }
 
 void ExportTest::keepsTheOldFileUnlessAnsweredYes()
 {

@@ -131,7 +131,6 @@ public:
 /// The output mode, and whether its grid holds a Live Button, as the guards see it.
 enum class Work { NoShow, EmptyPads, FilledPads, EmptyController, FilledController };
 Q_DECLARE_METATYPE(Work)
-Q_DECLARE_METATYPE(Answer)
 
 class MainWindowTest : public QObject
 {
@@ -177,6 +176,7 @@ private slots:
     void unreadableShowChangesNothingButItsName();
     void showIsLoaded();
     void secondShowReplacesEverything();
+    void renamedFirstBankGivesWayToANewShow();
     void showWithoutPagesIsLoaded();
 
     void filterShowsOnePage();
@@ -951,6 +951,27 @@ void MainWindowTest::secondShowReplacesEverything()
     QCOMPARE(bankname->text(), QStringLiteral("BANK 1"));
     QCOMPARE(window.child<QComboBox>("bankcombo")->currentIndex(), 0);
     QCOMPARE(window.child<QLineEdit>("padsname")->text(), QStringLiteral("OS2L DMX"));
+}
+
+void MainWindowTest::renamedFirstBankGivesWayToANewShow()
+{
+    const TestHome home;
+    TestWindow window;
+    QVERIFY(window.showready());
+    open(&window, writeshow(home, QStringLiteral("Gig")));
+    auto* bankname = window.child<QLineEdit>("bankname");
+    bankname->setFocus();
+    bankname->selectAll();
+    QTest::keyClicks(bankname, QStringLiteral("Intro"));
+    QTest::keyClick(bankname, Qt::Key_Return);
+    QCOMPARE(window.banks.at(0), QStringLiteral("Intro"));
+    open(&window, writeshow(home, QStringLiteral("Other")));
+    QCOMPARE(window.banks.at(0), QStringLiteral("BANK 1"));
+    QCOMPARE(bankname->text(), QStringLiteral("BANK 1"));
+    // Coming back to the bank shows that name too.
+    window.child<QComboBox>("bankcombo")->setCurrentIndex(1);
+    window.child<QComboBox>("bankcombo")->setCurrentIndex(0);
+    QCOMPARE(bankname->text(), QStringLiteral("BANK 1"));
 }
 
 void MainWindowTest::showWithoutPagesIsLoaded()

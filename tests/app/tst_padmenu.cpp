@@ -140,6 +140,8 @@ private slots:
     void switchIsTickedOnItsCellAlone();
     void rightClickKeepsTheSelectionItHits();
 
+    void menuOfACellThatTheDeviceLacksActsOnThatCellAlone_data();
+    void menuOfACellThatTheDeviceLacksActsOnThatCellAlone();
     void removeEmptiesEverySelectedCell();
     void removeKeepsTheMarkWhileACellHoldsTheButton();
     void removeCountsTheControllerAlone();
@@ -486,6 +488,47 @@ void PadMenuTest::rightClickKeepsTheSelectionItHits()
     cleanup();
     QVERIFY(midi.rightclick(midi.grid, midi.cell(5, 5)));
     QCOMPARE(midi.grid->selectionModel()->selectedIndexes(), QModelIndexList{midi.cell(5, 5)});
+}
+
+void PadMenuTest::menuOfACellThatTheDeviceLacksActsOnThatCellAlone_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("submenu");
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("Remove") << "Remove" << QString() << int(ItemRole::Id) << "-1";
+    QTest::newRow("off colour") << " #00FF00" << offmenu << int(ItemRole::ColorOff) << "#00FF00";
+    QTest::newRow("on colour") << " #FFFF00" << onmenu << int(ItemRole::ColorOn) << "#FFFF00";
+    QTest::newRow("Blink") << "Blink" << QString() << int(ItemRole::Blink) << "1";
+    QTest::newRow("switch") << "Set as Switch" << QString() << int(Qt::EditRole) << "SWITCH";
+}
+
+void PadMenuTest::menuOfACellThatTheDeviceLacksActsOnThatCellAlone()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, submenu);
+    QFETCH(int, role);
+    QFETCH(QString, value);
+    MidiWindow midi;
+    midi.drop(0, midi.cell(11, 2));
+    midi.drop(1, midi.cell(2, 2));
+    midi.drop(2, midi.cell(3, 3));
+    // This one has no buttons at the bottom.
+    choosedevice(midi, Launchpad);
+    QVERIFY(midi.window.showready());
+    const QModelIndexList selection{midi.cell(2, 2), midi.cell(3, 3)};
+    midi.select(selection);
+    const QList<QStringList> before{record(selection.at(0)), record(selection.at(1))};
+    choose(midi.rightclick(midi.grid, midi.cell(11, 2)), entry, submenu);
+    QCOMPARE(midi.cell(11, 2).data(role).toString(), value);
+    QCOMPARE((QList<QStringList>{record(selection.at(0)), record(selection.at(1))}), before);
+    QCOMPARE(midi.grid->selectionModel()->selectedIndexes(), selection);
+    cleanup();
+
+    // The next menu, on a cell that the device has, is for the selected cells again.
+    choose(midi.rightclick(midi.grid, midi.cell(2, 2)), "Blink");
+    for (const QModelIndex& cell : selection)
+        QCOMPARE(cell.data(ItemRole::Blink).toString(), QString("1"));
 }
 
 void PadMenuTest::removeEmptiesEverySelectedCell()
@@ -981,6 +1024,10 @@ void PadMenuTest::cleanLeavesTheColourOfUnusableCells()
     QTest::mouseClick(midi.window.child<QPushButton>("cleanmidi_button"), Qt::LeftButton);
     QCOMPARE(midi.values(midi.cell(11, 2), {Qt::EditRole, ItemRole::Id, ItemRole::Avail, Qt::DecorationRole}),
              (QStringList{"BOTTOM 1", "-1", "0", "#ff0000"}));
+    // As it is: what names no colour is not made one either.
+    set(midi, midi.cell(11, 2), Qt::DecorationRole, "no colour");
+    QTest::mouseClick(midi.window.child<QPushButton>("cleanmidi_button"), Qt::LeftButton);
+    QCOMPARE(midi.window.controllerModel->getList().at(11).at(2).value("color"), QString("no colour"));
 }
 
 void PadMenuTest::cleanGoesToTheListAtOnce()

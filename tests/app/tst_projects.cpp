@@ -1,7 +1,9 @@
 #include "controller.h"
 #include "fulldisk.h"
 #include "itemroles.h"
+#include "midiwindow.h"
 #include "mymodel.h"
+#include "testcheck.h"
 #include "testfiles.h"
 #include "testmain.h"
 #include "testshows.h"
@@ -16,12 +18,10 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QRadioButton>
 #include <QRandomGenerator>
 #include <QTableView>
 
-#include <memory>
 #include <sys/stat.h>
 
 namespace {
@@ -78,9 +78,7 @@ struct Session
     void put(int button, QAbstractItemModel* grid, int row, int column, const QString& text = QString()) const
     {
         const QModelIndex target = grid->index(row, column);
-        const std::unique_ptr<QMimeData> data(window.dmxModel->mimeData({window.dmxModel->index(button, 0)}));
-        if (!grid->dropMimeData(data.get(), Qt::CopyAction, -1, -1, target))
-            qFatal("The grid refuses a Live Button of the test");
+        MidiWindow::drop(window.dmxModel->index(button, 0), target);
         if (!text.isNull())
             grid->setData(target, text, Qt::EditRole);
     }
@@ -289,16 +287,6 @@ QString generated(QRandomGenerator* random, int length)
 }
 
 } // namespace
-
-// A helper's failed comparison ends the helper only; this ends the test, too.
-#define CHECK(statement)                                                                                     \
-    do {                                                                                                     \
-        statement;                                                                                           \
-        if (QTest::currentTestFailed())                                                                      \
-            return;                                                                                          \
-    } while (false)
-
-Q_DECLARE_METATYPE(Answer)
 
 class ProjectsTest : public QObject
 {
@@ -509,14 +497,7 @@ void ProjectsTest::saysTheNameUpToItsFirstDot()
         session));
 }
 
-void ProjectsTest::keepsTheOldFileUnlessAnsweredYes_data()
-{
-    QTest::addColumn<Answer>("answer");
-    QTest::newRow("No") << Answers::press(QMessageBox::No);
-    QTest::newRow("Escape") << Answers::key(Qt::Key_Escape);
-    QTest::newRow("Return") << Answers::key(Qt::Key_Return);
-    QTest::newRow("closed") << Answers::closebox();
-}
+void ProjectsTest::keepsTheOldFileUnlessAnsweredYes_data() { Answers::addrefusals(); }
 
 void ProjectsTest::keepsTheOldFileUnlessAnsweredYes()
 {

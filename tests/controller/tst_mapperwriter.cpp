@@ -278,12 +278,6 @@ Cell variedCell(const Record& key, int n)
 
 } // namespace
 
-#define COMPARE_FILES(actual, expected)                                                                      \
-    do {                                                                                                     \
-        const QString difference = firstDifference(actual, expected);                                        \
-        QVERIFY2(difference.isEmpty(), qPrintable(difference));                                              \
-    } while (false)
-
 class MapperWriterTest : public QObject
 {
     Q_OBJECT

@@ -53,12 +53,6 @@ QStringList parameterLines(const PadsPage& page)
 
 } // namespace
 
-#define COMPARE_FILES(actual, expected)                                                                      \
-    do {                                                                                                     \
-        const QString difference = firstDifference(actual, expected);                                        \
-        QVERIFY2(difference.isEmpty(), qPrintable(difference));                                              \
-    } while (false)
-
 class PadsPageWriterTest : public QObject
 {
     Q_OBJECT

@@ -6,6 +6,8 @@
 #include <QStandardItemModel>
 #include <QtTest>
 
+#include <climits>
+
 using namespace show;
 
 namespace {
@@ -84,6 +86,9 @@ private slots:
     void unmarkingComparesNumbers();
     void unmarkingChangesTheMarkAlone();
     void unmarkingPassesOverRowsWithoutARecord();
+
+    void markingARowShowsTheMarkAndClearsTheRecord();
+    void unmarkingAllRowsLeavesTheRecords();
 };
 
 void TestUsageMarks::aGridOfEmptyPadsIsEmpty()
@@ -299,7 +304,7 @@ void TestUsageMarks::anEmptyListOrShowIsNoTrouble()
 
 void TestUsageMarks::unmarkingFindsRowsByIdAndRecordsByRow()
 {
-    QList<Record> buttons = show(3, "1");
+    QList<Record> buttons = liveButtons(3, "1");
     MyModel list({buttons.at(2), buttons.at(0), buttons.at(2)});
     unmark(&list, &buttons, 2);
     QCOMPARE(states(list), QString("020"));
@@ -327,11 +332,11 @@ void TestUsageMarks::unmarkingComparesNumbers()
 
 void TestUsageMarks::unmarkingChangesTheMarkAlone()
 {
-    QList<Record> buttons = show(2, "1");
+    QList<Record> buttons = liveButtons(2, "1");
     MyModel list(buttons);
     const QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
     unmark(&list, &buttons, 0);
-    QList<Record> expected = show(2, "1");
+    QList<Record> expected = liveButtons(2, "1");
     expected[0]["check"] = "0";
     QCOMPARE(list.getList(), expected);
     QCOMPARE(buttons, expected);
@@ -340,15 +345,48 @@ void TestUsageMarks::unmarkingChangesTheMarkAlone()
 
 void TestUsageMarks::unmarkingPassesOverRowsWithoutARecord()
 {
-    QList<Record> buttons = show(1, "1");
-    MyModel list(show(3, "1"));
+    QList<Record> buttons = liveButtons(1, "1");
+    MyModel list(liveButtons(3, "1"));
     unmark(&list, &buttons, 2);
     QCOMPARE(states(list), QString("220"));
-    QCOMPARE(buttons, show(1, "1"));
+    QCOMPARE(buttons, liveButtons(1, "1"));
 
     MyModel empty;
     unmark(&empty, &buttons, 0);
-    QCOMPARE(buttons, show(1, "1"));
+    QCOMPARE(buttons, liveButtons(1, "1"));
+}
+
+void TestUsageMarks::markingARowShowsTheMarkAndClearsTheRecord()
+{
+    QList<Record> buttons = liveButtons(3, "1");
+    MyModel list({buttons.at(2), buttons.at(1), buttons.at(0)});
+    unmarkrows(&list);
+    markrow(&list, &buttons, 0);
+    // The record is the one with the row's id, wherever the row is.
+    QCOMPARE(states(list), QString("200"));
+    QCOMPARE(checks(buttons), QString("110"));
+    for (const int row : {-1, 3, INT_MAX, INT_MIN})
+        markrow(&list, &buttons, row);
+    QCOMPARE(states(list), QString("200"));
+    QCOMPARE(checks(buttons), QString("110"));
+
+    QList<Record> few = liveButtons(1, "1");
+    markrow(&list, &few, 1); // a row whose id no record has
+    QCOMPARE(states(list), QString("220"));
+    QCOMPARE(checks(few), QString("1"));
+}
+
+void TestUsageMarks::unmarkingAllRowsLeavesTheRecords()
+{
+    QList<Record> buttons = liveButtons(3, "1");
+    MyModel list(buttons);
+    unmarkrows(&list);
+    QCOMPARE(states(list), QString("000"));
+    QCOMPARE(list.getList(), liveButtons(3, "0"));
+    QCOMPARE(checks(buttons), QString("111"));
+    MyModel empty;
+    unmarkrows(&empty);
+    QCOMPARE(empty.rowCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestUsageMarks)

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QColor>
+#include <QCoreApplication>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QtTest>
@@ -44,7 +45,7 @@ std::unique_ptr<QMimeData> redPayload(const QStringList& fields)
 }
 
 /// A drop as views make it: on an item, without row and column.
-bool drop(DragModel* model, const QMimeData* data, const QModelIndex& target)
+bool drop(RecordModel* model, const QMimeData* data, const QModelIndex& target)
 {
     return model->dropMimeData(data, Qt::CopyAction, -1, -1, target);
 }
@@ -78,7 +79,7 @@ QStringList asText(const RecordRows& rows)
     return lines;
 }
 
-std::unique_ptr<DragModel> ModelContract::numbered(int rows) const
+std::unique_ptr<RecordModel> ModelContract::numbered(int rows) const
 {
     auto model = make();
     if (rows > 0 && !model->insertRows(0, rows))
@@ -88,7 +89,7 @@ std::unique_ptr<DragModel> ModelContract::numbered(int rows) const
     return model;
 }
 
-QString ModelContract::rowNames(const DragModel& model)
+QString ModelContract::rowNames(const RecordModel& model)
 {
     QStringList names;
     for (int row = 0; row < model.rowCount(); ++row)
@@ -96,7 +97,7 @@ QString ModelContract::rowNames(const DragModel& model)
     return names.join(' ');
 }
 
-void ModelContract::occupy(DragModel* model, int row) const
+void ModelContract::occupy(RecordModel* model, int row) const
 {
     for (const ContractRole& item : roles())
         model->setData(model->index(row, 0), "1", item.role);
@@ -248,6 +249,33 @@ void ModelContract::changesItemsSilently()
     const std::unique_ptr<QMimeData> dragged(model->mimeData({model->index(1, 0)}));
     QVERIFY(drop(model.get(), dragged.get(), model->index(2, 0)));
     QCOMPARE(ofViews.count(), 0);
+}
+
+void ModelContract::tellsOnceThatRecordsChanged()
+{
+    const auto model = numbered(3);
+    QCoreApplication::processEvents();
+    const QSignalSpy told(model.get(), &RecordModel::recordsChanged);
+    for (const ContractRole& item : roles())
+        QVERIFY(model->setData(model->index(1, 0), "7", item.role));
+    QVERIFY(drop(model.get(), redPayload(listFields()).get(), model->index(0, 0)));
+    QCOMPARE(told.count(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 1);
+
+    QVERIFY(model->setData(model->index(1, 0), "8"));
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 2);
+
+    // What changes nothing tells nothing.
+    QVERIFY(model->setData(model->index(1, 0), "#123456", Qt::BackgroundRole));
+    QVERIFY(!model->setData(QModelIndex(), "9"));
+    QVERIFY(!model->setData(model->index(1, 0), "9", Qt::ToolTipRole));
+    QVERIFY(!drop(model.get(), nullptr, model->index(0, 0)));
+    QVERIFY(!drop(model.get(), redPayload(listFields()).get(), QModelIndex()));
+    QVERIFY(model->dropMimeData(nullptr, Qt::IgnoreAction, -1, -1, model->index(0, 0)));
+    QCoreApplication::processEvents();
+    QCOMPARE(told.count(), 2);
 }
 
 void ModelContract::readsAndTakesNothingOutside_data()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dragmodel.h"
 #include "record.h"
+#include "recordmodel.h"
 
 #include <QList>
 #include <QObject>
@@ -40,10 +40,10 @@ class ModelContract : public QObject
 
 protected:
     /// A new model without rows, whose index function is open to tests.
-    virtual std::unique_ptr<DragModel> make(QObject* parent = nullptr) const = 0;
+    virtual std::unique_ptr<RecordModel> make(QObject* parent = nullptr) const = 0;
     /// An index of \a model at any row and column, also one that no view would ask for.
-    virtual QModelIndex anywhere(const DragModel& model, int row, int column) const = 0;
-    virtual RecordRows records(const DragModel& model) const = 0;
+    virtual QModelIndex anywhere(const RecordModel& model, int row, int column) const = 0;
+    virtual RecordRows records(const RecordModel& model) const = 0;
     virtual int columns() const = 0;
     /// All roles that the model stores. Beside them it reads the background and, maybe, a tool tip.
     virtual QVector<ContractRole> roles() const = 0;
@@ -51,11 +51,11 @@ protected:
     virtual int payloadFields() const = 0;
 
     /// A model of \a rows rows that are told apart by the text of their first item, "0", "1" and so on.
-    std::unique_ptr<DragModel> numbered(int rows) const;
+    std::unique_ptr<RecordModel> numbered(int rows) const;
     /// The texts of the first items of all rows, with a blank between.
-    static QString rowNames(const DragModel& model);
+    static QString rowNames(const RecordModel& model);
     /// Puts a Live Button on the first item of \a row: every role holds "1".
-    void occupy(DragModel* model, int row) const;
+    void occupy(RecordModel* model, int row) const;
 
 private slots:
     void startsWithoutRows();
@@ -67,6 +67,7 @@ private slots:
     void showsAWhiteBackgroundWhateverIsSet();
     void refusesOtherRoles();
     void changesItemsSilently();
+    void tellsOnceThatRecordsChanged();
     void readsAndTakesNothingOutside_data();
     void readsAndTakesNothingOutside();
     void readsAndTakesNothingOfOthers();
@@ -95,7 +96,8 @@ class GridContract : public ModelContract
 
 protected:
     /// A model that starts with a copy of \a grid.
-    virtual std::unique_ptr<DragModel> makefrom(const RecordRows& grid, QObject* parent = nullptr) const = 0;
+    virtual std::unique_ptr<RecordModel> makefrom(const RecordRows& grid,
+                                                  QObject* parent = nullptr) const = 0;
 
 private slots:
     void startsWithACopyOfTheGrid();
@@ -119,15 +121,15 @@ protected:
         using Model::Model;
     };
 
-    std::unique_ptr<DragModel> make(QObject* parent = nullptr) const override
+    std::unique_ptr<RecordModel> make(QObject* parent = nullptr) const override
     {
         return std::make_unique<Open>(parent);
     }
-    QModelIndex anywhere(const DragModel& model, int row, int column) const override
+    QModelIndex anywhere(const RecordModel& model, int row, int column) const override
     {
         return static_cast<const Open&>(model).createIndex(row, column);
     }
-    RecordRows records(const DragModel& model) const override
+    RecordRows records(const RecordModel& model) const override
     {
         return recordrows(static_cast<const Model&>(model).getList());
     }
@@ -138,7 +140,7 @@ template<class Model>
 class GridContractOf : public ModelContractOf<Model, GridContract>
 {
 protected:
-    std::unique_ptr<DragModel> makefrom(const RecordRows& grid, QObject* parent = nullptr) const override
+    std::unique_ptr<RecordModel> makefrom(const RecordRows& grid, QObject* parent = nullptr) const override
     {
         return std::make_unique<typename ModelContractOf<Model, GridContract>::Open>(grid, parent);
     }

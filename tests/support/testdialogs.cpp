@@ -103,6 +103,15 @@ Answer Answers::looking(const std::function<void(QDialog*)>& look, const Answer&
     };
 }
 
+void Answers::addrefusals()
+{
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("No") << press(QMessageBox::No);
+    QTest::newRow("Escape") << key(Qt::Key_Escape);
+    QTest::newRow("Return") << key(Qt::Key_Return);
+    QTest::newRow("closed") << closebox();
+}
+
 DialogWatch::DialogWatch() { qApp->installEventFilter(this); }
 
 QList<Answer>& DialogWatch::answers()

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QList>
 #include <QMessageBox>
+#include <QMetaType>
 #include <QString>
 
 #include <functional>
@@ -45,7 +46,13 @@ Answer choose(const QString& path);
 /// Looks at the dialog first, then answers it.
 Answer looking(const std::function<void(QDialog*)>& look, const Answer& then);
 
+/// Test rows with a column "answer": every way in which a user does not say Yes to a question with No as its
+/// default.
+void addrefusals();
+
 } // namespace Answers
+
+Q_DECLARE_METATYPE(Answer)
 
 /// Watches for dialogs as long as the test program runs; the answers come from `Dialogs`. A dialog that
 /// nobody expects fails the test and is closed, so that the program does not wait for ever.

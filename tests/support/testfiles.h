@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QTest>
 
 /// The bytes of a file; a text that no file of a test holds when there is none.
 QByteArray contents(const QString& path);
@@ -13,3 +14,10 @@ void writefile(const QString& path, const QByteArray& bytes);
 /// line in both; empty for equal files. Of a long line only the part around the difference is shown, as Qt
 /// Test cuts long messages.
 QString firstDifference(const QByteArray& actual, const QByteArray& expected);
+
+/// Fails the test with the first difference between two files' bytes.
+#define COMPARE_FILES(actual, expected)                                                                      \
+    do {                                                                                                     \
+        const QString difference = firstDifference(actual, expected);                                        \
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));                                              \
+    } while (false)

@@ -1,0 +1,65 @@
+// Runs one fuzz target over files: replay FILE-OR-FOLDER...
+// The last name printed is the file that shows a fault.
+
+#include "fuzz.h"
+
+#include <QDirIterator>
+
+#include <sys/resource.h>
+
+namespace {
+
+/// What reading one input may take of memory. Programs under a sanitizer keep freed memory and are not held
+/// to it.
+constexpr long maxKilobytes = 300 * 1024;
+
+/// The most memory that the program has had so far, in kilobytes.
+long peakmemory()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+#ifdef Q_OS_MACOS
+    return usage.ru_maxrss / 1024;
+#else
+    return usage.ru_maxrss;
+#endif
+}
+
+QStringList filesof(const QString& path)
+{
+    if (!QFileInfo(path).isDir())
+        return {path};
+    QStringList files;
+    QDirIterator folder(path, QDir::Files | QDir::Hidden);
+    while (folder.hasNext())
+        files.append(folder.next());
+    files.sort();
+    return files;
+}
+
+void replay(const QString& path)
+{
+    std::printf("%s\n", qPrintable(path));
+    std::fflush(stdout);
+    QFile file(path);
+    Fuzz::require(file.open(QIODevice::ReadOnly), "the input can be read");
+    const QByteArray input = file.readAll();
+    const long before = peakmemory();
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.constData()),
+                           static_cast<std::size_t>(input.size()));
+    if (Fuzz::maxSeconds <= 3)
+        Fuzz::require(peakmemory() - before <= maxKilobytes, "an input is read in little memory");
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QStringList files;
+    for (int i = 1; i < argc; ++i)
+        files += filesof(QFile::decodeName(argv[i]));
+    Fuzz::require(!files.isEmpty(), "there are inputs");
+    for (const QString& file : qAsConst(files))
+        replay(file);
+    return 0;
+}
