@@ -29,7 +29,6 @@ namespace {
 constexpr int rounds = 31;
 constexpr double parsingAim = 2;
 constexpr double growthAim = 12;
-constexpr int devicesAtStart = 7;
 
 QString builtin() { return QStringLiteral(":/mappings/Mappings"); }
 
@@ -132,9 +131,9 @@ void benchmapping(const QString& folder)
     const QStringList files = QDir(builtin()).entryList({QStringLiteral("*.xml")});
     for (const QString& file : files)
         resources.append(builtin() + QLatin1Char('/') + file);
-    require(resources.size() == 2 * devicesAtStart, QStringLiteral("resources are missing"));
-
     const DeviceLists lists = readdefaultmappers(builtin());
+    require(!resources.isEmpty() && resources.size() == 2 * lists.devices.size(),
+            QStringLiteral("a layout without its mapping, or the other way round, is built in"));
     const Record device = lists.devices.value(getdeviceindex(lists.devices, QStringLiteral("LAUNCHPADPRO")));
     const QString layout = device.value(Key::path());
     const QString factory =
@@ -142,9 +141,9 @@ void benchmapping(const QString& folder)
     Controller grid;
     placesome(&grid, device);
 
-    Work atstart{[] {
-                     return cputime([] {
-                         require(readdefaultmappers(builtin()).devices.size() == devicesAtStart,
+    Work atstart{[&lists] {
+                     return cputime([&lists] {
+                         require(readdefaultmappers(builtin()).devices.size() == lists.devices.size(),
                                  QStringLiteral("devices are missing"));
                      });
                  },

@@ -24,16 +24,28 @@ function(lumipad_room name)
     target_link_libraries(lumipad_${name} PUBLIC ${ROOM_LINKS} PRIVATE lumipad_flags)
 endfunction()
 
-# lumipad_test(<name> SOURCES <files> LINKS <targets>): one Qt Test program, run without a display. What all
+# lumipad_test(<name> [EIGHTH] SOURCES <files> LINKS <targets>): one Qt Test program, run without a display. What all
 # tests share in tests/support is linked; the helpers for the window come with LINKS lumipad_testwindow.
+# EIGHTH: the same program runs a second time, with one more controller among the resources.
 function(lumipad_test name)
-    cmake_parse_arguments(T "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(T "EIGHTH" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${T_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE ${T_LINKS} lumipad_testsupport lumipad_flags)
     target_compile_definitions(${name} PRIVATE
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
-    add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/leaks.txt'")
+    set(programs ${name})
+    if(T_EIGHTH)
+        # The objects of the test as they are: only the resources differ. They come first, so the linker takes no
+        # others out of the window's library.
+        list(REMOVE_ITEM T_LINKS lumipad_resources)
+        add_executable(${name}_eighth $<TARGET_OBJECTS:${name}>)
+        target_link_libraries(${name}_eighth PRIVATE lumipad_eighth_resources ${T_LINKS} lumipad_testsupport)
+        list(APPEND programs ${name}_eighth)
+    endif()
+    foreach(program ${programs})
+        add_test(NAME ${program} COMMAND ${program})
+        set_tests_properties(${program} PROPERTIES TIMEOUT 900 ENVIRONMENT
+            "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/leaks.txt'")
+    endforeach()
 endfunction()

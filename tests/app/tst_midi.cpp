@@ -25,9 +25,9 @@ namespace {
 constexpr int least = std::numeric_limits<int>::min();
 constexpr int most = std::numeric_limits<int>::max();
 
-/// The devices by their row.
+/// The seven devices that the tests know, in the order in which they are listed.
 enum Device { ApcMini, LaunchpadMiniMk3, LaunchpadMini, LaunchpadMk2, LaunchpadPro, LaunchpadS, Launchpad };
-constexpr int deviceCount = 7;
+constexpr int knownDevices = 7;
 
 const QStringList deviceNames{"Akai APC Mini",           "Novation Launchpad Mini MK3",
                               "Novation Launchpad Mini", "Novation Launchpad MKII",
@@ -39,6 +39,9 @@ const QStringList redGreen{"#000000", "#550000", "#AA0000", "#FF0000", "#005500"
                            "#00FF00", "#555500", "#AA5500", "#FF5500", "#55AA00", "#AAAA00",
                            "#FFAA00", "#55FF00", "#AAFF00", "#FFFF00"};
 const QString simple = "Simple OS2L mapping";
+
+/// The row in which one of the seven devices is listed, among all that there are.
+int rowof(int device) { return devicerow(deviceIds.at(device)); }
 
 bool fullcolor(int device)
 {
@@ -224,7 +227,7 @@ struct ExportWindow : MidiWindow
     explicit ExportWindow(int device = ApcMini, int mapping = 1, const QMap<QString, QString>& mappers = {})
         : MidiWindow(Output::Midi, mapperhome(mappers))
     {
-        combos.device->setCurrentIndex(device);
+        combos.device->setCurrentIndex(rowof(device));
         combos.mapping->setCurrentIndex(mapping);
         window.child<QLineEdit>("padsname")->setText("Club");
     }
@@ -314,29 +317,31 @@ void MidiTest::devicesAreOfferedInOrder()
 {
     const MidiWindow midi;
     const Combos combos(midi.window);
-    QCOMPARE(itemtexts(combos.device), deviceNames);
-    QCOMPARE(combos.device->currentIndex(), 0);
-    QCOMPARE(midi.window.currentDevice, 0);
-    QCOMPARE(midi.window.currentDeviceId, QString("APCMINI"));
+    QStringList known = itemtexts(combos.device);
+    for (const Record& device : midi.window.devices) {
+        if (!deviceIds.contains(device.value("device")))
+            known.removeOne(device.value("name"));
+    }
+    QCOMPARE(known, deviceNames);
     QVERIFY(itemsareroomy(combos.device));
     for (int item = 0; item < combos.device->count(); ++item) {
         QVERIFY(combos.device->itemIcon(item).isNull());
         QVERIFY(combos.device->itemData(item).isNull());
     }
-    QCOMPARE(midi.window.devices.size(), deviceCount);
+    QCOMPARE(midi.window.devices.size(), combos.device->count());
 }
 
 void MidiTest::everyDeviceHasItsTwoMappings()
 {
     const MidiWindow midi;
     const Combos combos(midi.window);
-    for (int device = deviceCount - 1; device >= 0; --device) {
-        combos.device->setCurrentIndex(device);
+    for (int device = knownDevices - 1; device >= 0; --device) {
+        combos.device->setCurrentIndex(rowof(device));
         QCOMPARE(itemtexts(combos.mapping),
                  (QStringList{simple, deviceNames.at(device) + " mapping (factory)"}));
         QCOMPARE(combos.mapping->currentIndex(), 0);
         QVERIFY(itemsareroomy(combos.mapping));
-        QCOMPARE(midi.window.currentDevice, device);
+        QCOMPARE(midi.window.currentDevice, rowof(device));
         QCOMPARE(midi.window.currentDeviceId, deviceIds.at(device));
     }
 }
@@ -353,18 +358,18 @@ void MidiTest::usersMappersFollowSortedByName()
                                     QString(mapperfile("LAUNCHPAD")).remove(0, 39) + "</all>"}});
     const TestWindow window;
     const Combos combos(window);
-    combos.device->setCurrentIndex(Launchpad);
+    combos.device->setCurrentIndex(rowof(Launchpad));
     QCOMPARE(itemtexts(combos.mapping), (QStringList{simple, "Novation Launchpad mapping (factory)",
                                                      "a Bar 2", "A bar", "b club", "C", "two"}));
     QVERIFY(itemsareroomy(combos.mapping));
-    combos.device->setCurrentIndex(ApcMini);
+    combos.device->setCurrentIndex(rowof(ApcMini));
     QCOMPARE(itemtexts(combos.mapping), (QStringList{simple, "Akai APC Mini mapping (factory)", "other"}));
-    combos.device->setCurrentIndex(LaunchpadS);
+    combos.device->setCurrentIndex(rowof(LaunchpadS));
     QCOMPARE(itemtexts(combos.mapping),
              (QStringList{simple, "Novation Launchpad S mapping (factory)", "two"}));
-    combos.device->setCurrentIndex(LaunchpadMk2);
+    combos.device->setCurrentIndex(rowof(LaunchpadMk2));
     QCOMPARE(combos.mapping->count(), 2);
-    QCOMPARE(window.mappers.size(), 2 * deviceCount + 7);
+    QCOMPARE(window.mappers.size(), 2 * window.devices.size() + 7);
     QCOMPARE(window.mappers.constLast().value("path"), mapperpath(*home, "two.xml"));
 }
 
@@ -383,7 +388,7 @@ void MidiTest::mapperFilesThatAreNoneAreSkipped()
     home->makefolder("Documents/VirtualDJ/Mappers/folder.xml");
     QVERIFY(QFile::link(mapperpath(*home, "nowhere"), mapperpath(*home, "link.xml")));
     const TestWindow window;
-    QCOMPARE(window.mappers.size(), 2 * deviceCount);
+    QCOMPARE(window.mappers.size(), 2 * window.devices.size());
     QCOMPARE(Combos(window).mapping->count(), 2);
 }
 
@@ -391,11 +396,11 @@ void MidiTest::missingMappersFolderGivesNone()
 {
     const TestHome home;
     TestWindow window;
-    QCOMPARE(window.mappers.size(), 2 * deviceCount);
+    QCOMPARE(window.mappers.size(), 2 * window.devices.size());
     QVERIFY(!QDir(window.mappersPath).exists());
     // Reading them once more is what a start does: the built-in ones stay.
     window.readmappers();
-    QCOMPARE(window.mappers.size(), 2 * deviceCount);
+    QCOMPARE(window.mappers.size(), 2 * window.devices.size());
 }
 
 void MidiTest::palettesAreOfferedWithSwatches_data()
@@ -422,8 +427,8 @@ void MidiTest::palettesAreOfferedWithSwatches()
     QFETCH(int, on);
     MidiWindow midi;
     const Combos combos(midi.window);
-    combos.device->setCurrentIndex(LaunchpadPro);
-    combos.device->setCurrentIndex(device);
+    combos.device->setCurrentIndex(rowof(LaunchpadPro));
+    combos.device->setCurrentIndex(rowof(device));
     QVERIFY(midi.window.showready());
     QVERIFY(midi.window.child<QWidget>("groupBox_colors")->isVisible());
     QCOMPARE(midi.window.child<QLabel>("label_10")->text(), QString("Default Colors"));
@@ -469,16 +474,16 @@ void MidiTest::fullColourDevicesHideTheColours()
     MidiWindow midi;
     const Combos combos(midi.window);
     QVERIFY(midi.window.showready());
-    for (int device = 0; device < deviceCount; ++device) {
-        combos.device->setCurrentIndex(device);
+    for (int device = 0; device < knownDevices; ++device) {
+        combos.device->setCurrentIndex(rowof(device));
         QCOMPARE(midi.window.child<QWidget>("groupBox_colors")->isVisible(), !fullcolor(device));
         QCOMPARE(midi.window.child<QLabel>("label_10")->text(),
                  fullcolor(device) ? QString("Colors : Device has RGB Leds.") : QString("Default Colors"));
     }
     // Only "true" in small letters says that a device has every colour.
     for (const char* value : {"True", "1", "", "true "}) {
-        midi.window.devices[LaunchpadPro]["fullrgb"] = value;
-        midi.window.updatemidicombo(LaunchpadPro);
+        midi.window.devices[rowof(LaunchpadPro)]["fullrgb"] = value;
+        midi.window.updatemidicombo(rowof(LaunchpadPro));
         QCOMPARE(midi.window.child<QLabel>("label_10")->text(), QString("Default Colors"));
     }
 }
@@ -489,13 +494,13 @@ void MidiTest::fullColourDevicesKeepTheOfferedColours()
     const Combos combos(midi.window);
     combos.off->setCurrentIndex(2);
     combos.on->setCurrentIndex(0);
-    combos.device->setCurrentIndex(LaunchpadPro);
+    combos.device->setCurrentIndex(rowof(LaunchpadPro));
     for (const QComboBox* combo : {combos.off, combos.on})
         QCOMPARE(itemtexts(combo), (QStringList{"black", "green", "red", "yellow"}));
     QCOMPARE(combos.off->currentIndex(), 2);
     QCOMPARE(combos.on->currentIndex(), 0);
     // The device's own choice is back with the device.
-    combos.device->setCurrentIndex(ApcMini);
+    combos.device->setCurrentIndex(rowof(ApcMini));
     QCOMPARE(combos.off->currentIndex(), 3);
     QCOMPARE(combos.on->currentIndex(), 1);
 }
@@ -505,9 +510,9 @@ void MidiTest::defaultBeyondThePaletteSelectsNone()
     MidiWindow midi;
     const Combos combos(midi.window);
     const auto choose = [&](const QString& off, const QString& on) {
-        midi.window.devices[ApcMini]["off"] = off;
-        midi.window.devices[ApcMini]["on"] = on;
-        midi.window.updatemidicombo(ApcMini);
+        midi.window.devices[rowof(ApcMini)]["off"] = off;
+        midi.window.devices[rowof(ApcMini)]["on"] = on;
+        midi.window.updatemidicombo(rowof(ApcMini));
         return QList<int>{combos.off->currentIndex(), combos.on->currentIndex()};
     };
     QCOMPARE(choose("4", "2147483647"), (QList<int>{-1, -1}));
@@ -521,29 +526,29 @@ void MidiTest::defaultColoursAreFoundByDevice()
     MidiWindow midi;
     const QStringList off{"yellow", "", "#000000", "", "", "#000000", "#000000"};
     const QStringList on{"green", "", "#FF0000", "", "", "#FF0000", "#FF0000"};
-    for (int device = 0; device < deviceCount; ++device) {
-        QCOMPARE(midi.window.getdeviceoffcolor(device), off.at(device));
-        QCOMPARE(midi.window.getdeviceoncolor(device), on.at(device));
+    for (int device = 0; device < knownDevices; ++device) {
+        QCOMPARE(midi.window.getdeviceoffcolor(rowof(device)), off.at(device));
+        QCOMPARE(midi.window.getdeviceoncolor(rowof(device)), on.at(device));
     }
-    midi.window.devices[ApcMini]["off"] = "4";
-    midi.window.devices[ApcMini]["on"] = "none";
-    QCOMPARE(midi.window.getdeviceoffcolor(ApcMini), QString());
-    QCOMPARE(midi.window.getdeviceoncolor(ApcMini), QString("black"));
+    midi.window.devices[rowof(ApcMini)]["off"] = "4";
+    midi.window.devices[rowof(ApcMini)]["on"] = "none";
+    QCOMPARE(midi.window.getdeviceoffcolor(rowof(ApcMini)), QString());
+    QCOMPARE(midi.window.getdeviceoncolor(rowof(ApcMini)), QString("black"));
 }
 
 void MidiTest::devicesAreFoundById()
 {
     MidiWindow midi;
-    for (int device = 0; device < deviceCount; ++device) {
-        QCOMPARE(midi.window.getdeviceindex(deviceIds.at(device)), device);
+    for (int device = 0; device < knownDevices; ++device) {
+        QCOMPARE(midi.window.getdeviceindex(deviceIds.at(device)), rowof(device));
         QVERIFY(midi.window.deviceinlist(deviceIds.at(device)));
     }
     for (const char* id : {"", "apcmini", "APCMINI ", "Akai APC Mini", "LAUNCH"}) {
         QCOMPARE(midi.window.getdeviceindex(id), -1);
         QVERIFY(!midi.window.deviceinlist(id));
     }
-    midi.window.devices.append(midi.window.devices.at(Launchpad));
-    QCOMPARE(midi.window.getdeviceindex("LAUNCHPAD"), int(Launchpad));
+    midi.window.devices.append(midi.window.devices.at(rowof(Launchpad)));
+    QCOMPARE(midi.window.getdeviceindex("LAUNCHPAD"), rowof(Launchpad));
 }
 
 void MidiTest::mappersAreFoundByDeviceAndRow()
@@ -567,7 +572,7 @@ void MidiTest::mappersAreFoundByDeviceAndRow()
 void MidiTest::gridShowsTheCellsOfEveryDevice_data()
 {
     QTest::addColumn<int>("device");
-    for (int device = 0; device < deviceCount; ++device)
+    for (int device = 0; device < knownDevices; ++device)
         QTest::newRow(qPrintable(deviceNames.at(device))) << device;
 }
 
@@ -575,7 +580,7 @@ void MidiTest::gridShowsTheCellsOfEveryDevice()
 {
     QFETCH(int, device);
     MidiWindow midi;
-    Combos(midi.window).device->setCurrentIndex(device);
+    Combos(midi.window).device->setCurrentIndex(rowof(device));
     const QStringList wanted = usablecells(device);
     QCOMPARE(usableof(midi.window), wanted);
     for (int row = 0; row < 12; ++row) {
@@ -653,7 +658,7 @@ void MidiTest::linesHaveTheirSizes()
     check();
     midi.grid->setColumnWidth(4, 20);
     midi.grid->setRowHeight(4, 20);
-    Combos(midi.window).device->setCurrentIndex(LaunchpadPro);
+    Combos(midi.window).device->setCurrentIndex(rowof(LaunchpadPro));
     check();
 }
 
@@ -665,14 +670,14 @@ void MidiTest::choosingADeviceKeepsPlacedButtons()
     midi.window.switchPad = {3, 3};
     QList<QList<Record>> before = midi.window.controllerModel->getList();
     const Combos combos(midi.window);
-    combos.device->setCurrentIndex(Launchpad);
+    combos.device->setCurrentIndex(rowof(Launchpad));
     QCOMPARE(midi.cell(11, 9).data().toString(), QString("Strobe"));
     QCOMPARE(midi.cell(11, 9).data(ItemRole::Avail).toString(), QString("0"));
     QCOMPARE(midi.cell(11, 9).flags(), Qt::ItemFlags(Qt::ItemIsSelectable));
     QVERIFY(!midi.window.isMIDIempty());
     QCOMPARE(midi.window.switchPad, (QList<int>{3, 3}));
     QCOMPARE(midi.marks(), (QList<int>{0, 1}));
-    combos.device->setCurrentIndex(ApcMini);
+    combos.device->setCurrentIndex(rowof(ApcMini));
     QCOMPARE(midi.window.controllerModel->getList(), before);
 }
 
@@ -689,11 +694,11 @@ void MidiTest::choosingADeviceShowsAtOnce()
     QTRY_COMPARE(shown(top), unusable);
     QTRY_COMPARE(shown(bottom), QColor(Qt::black));
     const Combos combos(midi.window);
-    combos.device->setCurrentIndex(LaunchpadMini);
+    combos.device->setCurrentIndex(rowof(LaunchpadMini));
     QTRY_COMPARE(shown(top), QColor(Qt::black));
     QTRY_COMPARE(shown(bottom), unusable);
     combos.device->setFocus();
-    combos.device->setCurrentIndex(ApcMini);
+    combos.device->setCurrentIndex(rowof(ApcMini));
     QVERIFY(midi.grid->hasFocus());
     QTRY_COMPARE(shown(top), unusable);
 }
@@ -771,7 +776,7 @@ void MidiTest::newShowResetsGridAndSwitch()
 {
     MidiWindow midi;
     const Combos combos(midi.window);
-    combos.device->setCurrentIndex(LaunchpadPro);
+    combos.device->setCurrentIndex(rowof(LaunchpadPro));
     const QList<QList<Record>> empty = midi.window.controllerModel->getList();
     midi.drop(0, midi.cell(2, 2));
     QVERIFY(midi.window.controllerModel->setData(midi.cell(4, 4), "#123456", ItemRole::ColorOff));
@@ -779,8 +784,8 @@ void MidiTest::newShowResetsGridAndSwitch()
     midi.loadshow("Second");
     QCOMPARE(midi.window.controllerModel->getList(), empty);
     QCOMPARE(midi.window.switchPad, (QList<int>{-1, -1}));
-    QCOMPARE(combos.device->currentIndex(), int(LaunchpadPro));
-    QCOMPARE(midi.window.currentDevice, int(LaunchpadPro));
+    QCOMPARE(combos.device->currentIndex(), rowof(LaunchpadPro));
+    QCOMPARE(midi.window.currentDevice, rowof(LaunchpadPro));
 }
 
 void MidiTest::newProjectKeepsTheSwitch()
@@ -799,7 +804,7 @@ void MidiTest::numbersBeyondEverythingAreHarmless_data()
 {
     QTest::addColumn<int>("number");
     QTest::newRow("none") << -1;
-    QTest::newRow("behind the devices") << deviceCount;
+    QTest::newRow("behind the devices") << devicecount();
     QTest::newRow("behind the grid") << 12;
     QTest::newRow("large") << 4711;
     QTest::newRow("least") << least;
@@ -813,7 +818,7 @@ void MidiTest::numbersBeyondEverythingAreHarmless()
     QCOMPARE(midi.window.getdeviceoffcolor(number), QString());
     QCOMPARE(midi.window.getdeviceoncolor(number), QString());
     QCOMPARE(midi.window.getmapperid("APCMINI", number), -1);
-    if (number != deviceCount) {
+    if (number != devicecount()) {
         for (const int line : {0, 2, 11, number}) {
             QCOMPARE(midi.window.getpadtext(number, line), QString());
             QCOMPARE(midi.window.getpadtext(line, number), QString());
@@ -829,7 +834,7 @@ void MidiTest::numbersBeyondEverythingAreHarmless()
     midi.window.updatelayout();
     midi.window.initpadlist();
     QCOMPARE(midi.window.controllerModel->rowCount(), 12);
-    midi.window.on_devicescombo_currentIndexChanged(LaunchpadPro);
+    midi.window.on_devicescombo_currentIndexChanged(rowof(LaunchpadPro));
     QCOMPARE(usableof(midi.window), usablecells(LaunchpadPro));
 }
 
@@ -837,10 +842,10 @@ void MidiTest::unknownDeviceLeavesNothingToChoose()
 {
     MidiWindow midi;
     const Combos combos(midi.window);
-    midi.window.updatemidicombo(deviceCount);
+    midi.window.updatemidicombo(devicecount());
     QCOMPARE(combos.mapping->count(), 0);
     QCOMPARE(midi.window.currentDeviceId, QString());
-    combos.device->setCurrentIndex(Launchpad);
+    combos.device->setCurrentIndex(rowof(Launchpad));
     QCOMPARE(combos.mapping->count(), 2);
     combos.device->setCurrentIndex(-1);
     QCOMPARE(combos.mapping->count(), 0);
@@ -904,7 +909,7 @@ void MidiTest::exportAsksBeforeItOverwrites()
     midi.window.child<QLineEdit>("padsname")->setText("Bar");
     QCOMPARE(midi.exportanswering({ok}).size(), 1);
     midi.window.child<QLineEdit>("padsname")->setText("Club");
-    midi.combos.device->setCurrentIndex(Launchpad);
+    midi.combos.device->setCurrentIndex(rowof(Launchpad));
     QCOMPARE(midi.exportanswering({ok}).size(), 1);
     QCOMPARE(midi.files(), (QStringList{"Akai APC Mini - Bar mapping.xml", "Akai APC Mini - Club mapping.xml",
                                         "Novation Launchpad - Club mapping.xml"}));
@@ -1170,7 +1175,7 @@ void MidiTest::everyDeviceIsExported_data()
 {
     QTest::addColumn<int>("device");
     QTest::addColumn<int>("mapping");
-    for (int device = 0; device < deviceCount; ++device) {
+    for (int device = 0; device < knownDevices; ++device) {
         QTest::addRow("%s, OS2L only", qPrintable(deviceNames.at(device))) << device << 0;
         QTest::addRow("%s, combined", qPrintable(deviceNames.at(device))) << device << 1;
     }
@@ -1226,7 +1231,7 @@ void MidiTest::exportingFromAnExportGivesTheSame()
     const QString name = "Akai APC Mini - Club mapping.xml";
     const QString first = midi.written(name);
     midi.window.readmappers();
-    midi.window.updatemidicombo(ApcMini);
+    midi.window.updatemidicombo(rowof(ApcMini));
     midi.combos.mapping->setCurrentText("Akai APC Mini - Club mapping");
     QCOMPARE(midi.combos.mapping->currentIndex(), 2);
     midi.exportanswering({Answers::press(QMessageBox::Yes), ok});
@@ -1266,7 +1271,7 @@ void MidiTest::exportWithoutDeviceOrMappingIsHarmless()
     QCOMPARE(midi.written(" - Club mapping.xml"), header("") + "</mapper>\n");
     midi.window.devices.clear();
     midi.window.mappers.clear();
-    midi.combos.device->setCurrentIndex(Launchpad);
+    midi.combos.device->setCurrentIndex(rowof(Launchpad));
     midi.exportanswering({Answers::press(QMessageBox::Yes), ok});
     QCOMPARE(midi.written(" - Club mapping.xml"), header("") + "</mapper>\n");
 }

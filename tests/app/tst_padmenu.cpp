@@ -32,12 +32,14 @@ const QString offmenu = "Off Color";
 const QString onmenu = "On Color";
 const QStringList gridPath{"dmxlistview", "tablecontroller"};
 
-/// The devices that the tests choose, by their row.
-enum Device { ApcMini = 0, LaunchpadMk2 = 3, Launchpad = 6 };
+/// The devices that the tests choose.
+const QString ApcMini = "APCMINI";
+const QString LaunchpadMk2 = "LAUNCHPAD2";
+const QString Launchpad = "LAUNCHPAD";
 
-void choosedevice(const MidiWindow& midi, Device device)
+void choosedevice(const MidiWindow& midi, const QString& device)
 {
-    midi.window.child<QComboBox>("devicescombo")->setCurrentIndex(device);
+    midi.window.child<QComboBox>("devicescombo")->setCurrentIndex(devicerow(device));
 }
 
 void set(const MidiWindow& midi, const QModelIndex& cell, int role, const QString& value)
@@ -111,8 +113,6 @@ Answer cancelcolor()
 void deletewaiting() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Device)
 
 class PadMenuTest : public QObject
 {
@@ -419,7 +419,7 @@ void PadMenuTest::fullColourDevicesOfferTheDialog()
     QFETCH(QString, first);
     MidiWindow midi;
     choosedevice(midi, LaunchpadMk2);
-    midi.window.devices[LaunchpadMk2]["fullrgb"] = fullrgb;
+    midi.window.devices[devicerow(LaunchpadMk2)]["fullrgb"] = fullrgb;
     midi.drop(0, midi.cell(3, 3));
     set(midi, midi.cell(3, 3), ItemRole::ColorOff, own);
     set(midi, midi.cell(3, 3), ItemRole::ColorOn, own);
@@ -676,7 +676,7 @@ void PadMenuTest::paletteColourGoesToEverySelectedCell()
 
 void PadMenuTest::defaultTakesTheOwnColourAway()
 {
-    for (const Device device : {ApcMini, LaunchpadMk2}) {
+    for (const QString& device : {ApcMini, LaunchpadMk2}) {
         MidiWindow midi;
         choosedevice(midi, device);
         midi.drop(0, midi.cell(2, 2));

@@ -505,9 +505,18 @@ void MappingsTest::shipsALayoutAndAFactoryMappingForEveryDevice()
         "Novation Launchpad mapping.xml",
         "Novation Launchpad.xml",
     };
-    QStringList found = QDir(folder).entryList();
-    found.sort();
-    QCOMPARE(found, expected);
+    const QStringList found = QDir(folder).entryList();
+    for (const QString& name : expected)
+        QVERIFY2(found.contains(name), qPrintable(name));
+    // Whatever else is there comes in pairs too.
+    for (const QString& name : found) {
+        QString partner = name;
+        if (name.endsWith(" mapping.xml"))
+            partner.replace(" mapping.xml", ".xml");
+        else
+            partner.replace(".xml", " mapping.xml");
+        QVERIFY2(partner != name && found.contains(partner), qPrintable(name));
+    }
 }
 
 void MappingsTest::keepsEveryFileAsUtf8WithCrLf_data()

@@ -2,6 +2,12 @@
 
 #include "mainwindow.h"
 
+/// How many devices are built in.
+int devicecount();
+
+/// The row in which the built-in device of this id is listed; ends the test program when there is none.
+int devicerow(const QString& id);
+
 /// The window with its state in the open, and with its close requests counted.
 class TestWindow : public MainWindow
 {
@@ -29,6 +35,10 @@ public:
     using MainWindow::showName;
     using MainWindow::switchPad;
     using MainWindow::vdjModel;
+
+    /// Starts with the first device, as the program does, and goes on with the Akai APC Mini, which most
+    /// tests use.
+    TestWindow();
 
     int closeRequests = 0;
     int closesAccepted = 0;

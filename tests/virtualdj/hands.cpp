@@ -1,6 +1,8 @@
 #include "hands.h"
 
+#include "testdialogs.h"
 #include "testfiles.h"
+#include "testshows.h"
 
 #include <QColorDialog>
 #include <QMenu>

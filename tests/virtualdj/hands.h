@@ -1,5 +1,6 @@
 #pragma once
 
+#include "testhome.h"
 #include "testwindow.h"
 #include "work.h"
 
