@@ -5,6 +5,7 @@
 #include "testshows.h"
 
 #include <QColorDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QRadioButton>

@@ -1,6 +1,7 @@
 #include "hands.h"
 #include "judge.h"
 #include "testfiles.h"
+#include "testmain.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
