@@ -2,6 +2,7 @@
 
 #include "cells.h"
 #include "itemroles.h"
+#include "names.h"
 #include "payload.h"
 
 #include <QBuffer>
@@ -128,6 +129,8 @@ QVariant Controller::data(const QModelIndex& index, int role) const
     if (!cell)
         return QVariant();
     switch (role) {
+    case Qt::DisplayRole:
+        return shownname(cell->value(Key::name()));
     case Qt::DecorationRole:
     case Qt::ForegroundRole:
         return QColor(cell->value(keyofrole(role)));

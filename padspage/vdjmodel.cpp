@@ -1,6 +1,7 @@
 #include "vdjmodel.h"
 
 #include "itemroles.h"
+#include "names.h"
 #include "payload.h"
 
 #include <QColor>
@@ -62,6 +63,8 @@ QVariant VDJModel::data(const QModelIndex& index, int role) const
     if (!contains(index))
         return QVariant();
     const Record& pad = m_list.at(index.row()).at(index.column());
+    if (role == Qt::DisplayRole)
+        return shownname(pad.value(Key::name()));
     if (role == Qt::DecorationRole)
         return QColor(pad.value(Key::color()));
     if (role == Qt::BackgroundRole)

@@ -1,6 +1,7 @@
 #include "mymodel.h"
 
 #include "itemroles.h"
+#include "names.h"
 #include "payload.h"
 
 #include <QColor>
@@ -65,6 +66,8 @@ QVariant MyModel::data(const QModelIndex& index, int role) const
         return QVariant();
     const Record& record = m_list.at(index.row());
     switch (role) {
+    case Qt::DisplayRole:
+        return shownname(record.value(Key::title()));
     case Qt::DecorationRole:
     case Qt::ForegroundRole:
         return QColor(record.value(keyofrole(role)));
