@@ -1,5 +1,6 @@
 #include "recordmodel.h"
 
+#include "names.h"
 #include "payload.h"
 
 #include <QColor>
@@ -87,7 +88,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const
     case RecordRole::Text:
         break;
     }
-    return text;
+    return role == Qt::DisplayRole ? shownname(text) : text;
 }
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role)

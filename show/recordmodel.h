@@ -38,7 +38,7 @@ public:
     /// nothing.
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     /// Invalid for an index without a record of this model, and for roles that the model does not keep. The
-    /// background is always white.
+    /// background is always white; of a long text only the beginning is shown.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// Stores \a value as text; false, with nothing changed, for an index without a record and for roles that
     /// the model does not keep. Setting the background is accepted and stores nothing.
