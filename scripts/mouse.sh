@@ -144,13 +144,14 @@ give_up() {
 mouse_open() {
     local name settings=()
     # A plain desktop, whatever the user's own: no theme, no scale, no message bus. Only what tells the sanitizers
-    # and the loader how to work comes along.
+    # and the loader how to work comes along. The virtual display makes up a resolution of its own, by which the
+    # window would be scaled.
     for name in PATH LD_LIBRARY_PATH QT_PLUGIN_PATH ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
         [[ -z ${!name:-} ]] || settings+=("$name=${!name}")
     done
     env -i "${settings[@]}" DISPLAY="$DISPLAY" HOME="$mouse_home" XDG_CONFIG_HOME="$mouse_home/.config" \
         XDG_RUNTIME_DIR="$mouse_home/.run" LC_ALL=C.UTF-8 TZ="$mouse_zone" DBUS_SESSION_BUS_ADDRESS=disabled: \
-        QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none "$1" >"$mouse_folder/lumipad.log" 2>&1 &
+        QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none QT_FONT_DPI=96 "$1" >"$mouse_folder/lumipad.log" 2>&1 &
     mouse_app_pid=$!
     await find_main_window || give_up "The window did not appear."
     await find_central_widget || give_up "The window appeared but was not drawn."
