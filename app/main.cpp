@@ -1,3 +1,4 @@
+#include "application.h"
 #include "mainwindow.h"
 
 #include <QApplication>
@@ -8,6 +9,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
+    nameapplication();
     MainWindow window;
     window.show();
     return QApplication::exec();
