@@ -4,6 +4,7 @@
 #include "focusring.h"
 #include "styles.h"
 #include "ui_dialog.h"
+#include "version.h"
 
 #include <QDesktopServices>
 #include <QUrl>
@@ -17,6 +18,7 @@ void openaddress(const char* address) { QDesktopServices::openUrl(QUrl(QString::
 Dialog::Dialog(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::Dialog>())
 {
     ui->setupUi(this);
+    ui->label_7->setText(ui->label_7->text().arg(QLatin1String(programVersion)));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowTitle(tr("Lumipad - About"));
     setStyleSheet(Style::aboutDialog());

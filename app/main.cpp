@@ -1,3 +1,4 @@
+#include "application.h"
 #include "mainwindow.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication app(argc, argv);
+    nameapplication();
     MainWindow window;
     window.show();
     return QApplication::exec();

@@ -25,6 +25,7 @@ apt_packages() {
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
     mouse) say libx11-dev libxtst-dev xvfb ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
+    images) say librsvg2-bin icnsutils icoutils ;;
     # The fuzzer is a part of clang's runtime, which clang does without.
     fuzz) say clang libclang-rt-dev ;;
     *) fail "there is no list of packages for \"$1\"." ;;
@@ -36,6 +37,7 @@ brew_packages() {
     build) say cmake ninja qt@5 ;;
     # The mouse is driven through X, which macOS does not have.
     mouse) ;;
+    images) say librsvg libicns icoutils ;;
     lint) fail "the lint tools are installed from the packages of Debian and Ubuntu only." ;;
     fuzz) fail "the fuzzer is installed from the packages of Debian and Ubuntu only." ;;
     *) fail "there is no list of packages for \"$1\"." ;;
