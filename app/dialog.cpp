@@ -1,6 +1,7 @@
 #include "dialog.h"
 
 #include "addresses.h"
+#include "focusring.h"
 #include "styles.h"
 #include "ui_dialog.h"
 #include "version.h"
@@ -22,6 +23,7 @@ Dialog::Dialog(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::Dialo
     setWindowTitle(tr("Lumipad - About"));
     setStyleSheet(Style::aboutDialog());
     setSizeGripEnabled(false);
+    new FocusRing(this);
 }
 
 Dialog::~Dialog() = default;

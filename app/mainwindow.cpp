@@ -1,12 +1,16 @@
 #include "mainwindow.h"
 
+#include "accessible.h"
 #include "cells.h"
 #include "controller.h"
 #include "dialog.h"
+#include "focusring.h"
+#include "listdelegates.h"
 #include "messages.h"
 #include "mydelegate.h"
 #include "mymodel.h"
 #include "padgeometry.h"
+#include "radiostyle.h"
 #include "styles.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
@@ -18,7 +22,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -32,6 +35,15 @@ namespace {
 
 // The two ways into the MIDI layout differ by one pixel.
 constexpr int midiWindowWidthFromPads = 1365;
+
+/// The icon of every window, in the sizes of title bars, task bars and switchers.
+QIcon windowicon()
+{
+    QIcon icon;
+    for (const char* size : {"16", "32", "", "@2x"})
+        icon.addFile(QStringLiteral(":/icons/Images/lumipadicon%1.png").arg(QLatin1String(size)));
+    return icon;
+}
 
 /// Creates the last folder of \a path only; that it failed shows when something is saved there.
 void createfolder(const QString& path)
@@ -70,13 +82,20 @@ MainWindow::MainWindow(QWidget* parent)
       programFolder(documentsPath + QStringLiteral("/Lumipad")),
       projectsPath(programFolder + QStringLiteral("/projects")),
       padsPath(documentsPath + QStringLiteral("/VirtualDJ/Pads")),
-      mappersPath(documentsPath + QStringLiteral("/VirtualDJ/Mappers"))
+      mappersPath(documentsPath + QStringLiteral("/VirtualDJ/Mappers")),
+      history(std::make_unique<app::History>(
+          static_cast<int>(outputs.size()), [this](int output) { return takework(output); },
+          [this](int output, const app::Work& work) { putwork(output, work); }))
 {
     initresources();
+    QApplication::setWindowIcon(windowicon());
+    installaccessibility();
     ui->setupUi(this);
     setWindowTitle(tr("Lumipad"));
     setupviews();
     setupoutputs();
+    setuphistory();
+    const app::History::Step start(history.get());
 
     // The two boxes of the MIDI side overlap; the last line of this one would hide the first of the grid's.
     ui->groupBox_midis->setMask(ui->groupBox_midis->rect().adjusted(0, 0, 0, -1));
@@ -106,9 +125,17 @@ MainWindow::MainWindow(QWidget* parent)
     messageBoxStyle = Style::messageBox();
     // Filling the device choice has moved the focus; a key typed now must not change a name.
     ui->loadini->setFocus();
+    history->clear();
+    namepopups(this);
+    new FocusRing(this);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // A text that is still being edited is stored when the views go; there is no history any more by then.
+    for (const OutputMode& output : outputs)
+        output.grid->watchchanges([] {}, [] {});
+}
 
 void MainWindow::setupviews()
 {
@@ -143,6 +170,8 @@ void MainWindow::setupviews()
         // Tab leads on to the next control; the arrow keys walk the cells.
         view->setTabKeyNavigation(false);
     }
+    for (QTableView* list : {ui->dmxlistview, ui->vdjlistview})
+        list->setItemDelegate(new SwatchDelegate(list));
     // Eight rows fill both lists exactly; the toolkit's own height follows the screen's resolution.
     ui->dmxlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
     ui->vdjlistview->verticalHeader()->setDefaultSectionSize(padspage::padHeight);
@@ -158,29 +187,6 @@ void MainWindow::setupviews()
     ui->vdjlistview->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
-/// The keys a person expects; none for "New Project", which asks nothing. They are shortcuts of the window,
-/// not of the actions, because the menu would draw an action's own key beside its text.
-void MainWindow::setupkeys()
-{
-    addkey(QKeySequence::Open, ui->actionNew);
-    addkey(QKeySequence(QStringLiteral("Ctrl+Shift+O")), ui->actionLoad_Project);
-    addkey(QKeySequence::Save, ui->actionSave_2);
-    // Ctrl+E moves the cursor to the end of a line edit.
-    addkey(QKeySequence(QStringLiteral("Ctrl+Shift+E")), ui->actionExport);
-    addkey(QKeySequence(QStringLiteral("Ctrl+Q")), ui->actionExit);
-    addkey(QKeySequence(Qt::Key_F1), ui->actionManual);
-}
-
-void MainWindow::addkey(const QKeySequence& key, QAction* action)
-{
-    auto* shortcut = new QShortcut(key, this);
-    // Unlike an action's own key, a trigger from outside also reaches a disabled action.
-    connect(shortcut, &QShortcut::activated, action, [action] {
-        if (action->isEnabled())
-            action->trigger();
-    });
-}
-
 void MainWindow::setstyles()
 {
     ui->centralWidget->setStyleSheet(Style::centralWidget());
@@ -192,16 +198,21 @@ void MainWindow::setstyles()
     for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
                            ui->groupBox_pads, ui->groupBox_controller})
         box->setStyleSheet(Style::groupBox());
+    auto* circles = new RadioStyle(this);
     for (QRadioButton* radio :
-         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
+         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads}) {
+        radio->setStyle(circles);
         radio->setStyleSheet(Style::radioButton());
+    }
     for (QLineEdit* edit : {ui->padsname, ui->bankname})
         edit->setStyleSheet(Style::lineEdit());
     for (QPushButton* button : {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
         button->setStyleSheet(Style::pushButton());
     for (QComboBox* combo : {ui->combobox, ui->devicescombo, ui->mididevices, ui->combo_offcolor,
-                             ui->combo_oncolor, ui->bankcombo})
+                             ui->combo_oncolor, ui->bankcombo}) {
         combo->setStyleSheet(Style::comboBox());
+        combo->setItemDelegate(new PopupDelegate(combo));
+    }
     ui->tablecontroller->setStyleSheet(Style::controllerTable());
     ui->dmxlistview->setStyleSheet(Style::listTable());
     ui->vdjlistview->setStyleSheet(Style::listTable());
@@ -225,6 +236,8 @@ void MainWindow::setupoutputs()
     pads.takeoff = [this](const QModelIndex& pad) {
         padspage::emptypad(vdjModel, pad, QStringLiteral("#FFFFFF"));
     };
+    pads.places = [this] { return padplaces(); };
+    pads.openmenu = [this](const QPoint& pos) { customMenuRequestedvdj(pos); };
     pads.isempty = [this] { return isVDJempty(); };
     pads.exportwork = [this] { return exportpage(); };
     pads.savework = [this](const QString& path) { savepadsproject(path); };
@@ -240,6 +253,8 @@ void MainWindow::setupoutputs()
     midi.label = tr("MIDI Mapping");
     midi.empty = [this](const QModelIndex& cell) { controller::emptycell(controllerModel, cell); };
     midi.takeoff = [this](const QModelIndex& cell) { controller::takeoff(controllerModel, cell); };
+    midi.places = [this] { return cellplaces(); };
+    midi.openmenu = [this](const QPoint& pos) { customMenuRequested(pos); };
     midi.isempty = [this] { return isMIDIempty(); };
     midi.exportwork = [this] { return exportmapping(); };
     midi.savework = [this](const QString& path) { savemidiproject(path); };
@@ -255,6 +270,12 @@ void MainWindow::placeoutput(const OutputMode& output, int width)
     for (const OutputMode& any : outputs)
         for (QWidget* widget : any.widgets)
             widget->setVisible(&any == &output);
+    for (const OutputMode& any : outputs) {
+        // A grid that lies behind another one is not hidden, so it would still be found by Tab.
+        any.view->setFocusPolicy(&any == &output ? Qt::StrongFocus : Qt::NoFocus);
+        if (&any != &output && (any.view == focusWidget() || any.view->isAncestorOf(focusWidget())))
+            output.view->setFocus();
+    }
     ui->groupBox->setGeometry(output.box);
     setFixedWidth(width);
 }
@@ -357,6 +378,7 @@ void MainWindow::on_loadini_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
+    const app::History::Step step(history.get());
     initpadlist();
     show::unmarkrows(dmxModel);
     ui->dmxlistview->setCurrentIndex(dmxModel->index(0, 0));

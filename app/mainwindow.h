@@ -1,11 +1,13 @@
 #pragma once
 
+#include "history.h"
 #include "outputmode.h"
 #include "record.h"
 
 #include <QList>
 #include <QMainWindow>
 #include <QModelIndex>
+#include <QPersistentModelIndex>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -14,9 +16,9 @@
 class Controller;
 class MyModel;
 class Mydelegate;
-class QAction;
+class QKeyEvent;
 class QMenu;
-class QKeySequence;
+class QTableView;
 class VDJModel;
 
 namespace project {
@@ -38,6 +40,15 @@ class MainWindow : public QMainWindow
 public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
+
+    /// The work of an output, the pads page (0) or the controller (1); name and marks if it is the shown one.
+    app::Work takework(int output) const;
+    /// Puts the work of an output back as it was taken. The other output's grid, the focus and what is
+    /// selected stay.
+    void putwork(int output, const app::Work& work);
+
+    /// The keys of the three lists of buttons and pads.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 public slots:
     // Leaving and replacing the work
@@ -63,6 +74,26 @@ public slots:
     void on_radio_outputmidi_clicked();
     /// Gives every widget its style sheet.
     void setstyles();
+
+    // Undo and keys
+
+    /// Take the latest step of the shown output back, and again. A name that is still being typed is taken
+    /// over first.
+    void undo();
+    void redo();
+    /// A choice that belongs to the work was changed in its widget.
+    void choicechanged();
+    /// Puts the current Live Button of the list on the next free pad, and goes on to the next one that the
+    /// list shows.
+    void placenext();
+    /// Takes the current Live Button of the list, or that of the current pad, for `pastebutton`.
+    void copybutton(QTableView* view);
+    /// Takes the current pad itself: pasting moves it.
+    void cutpad();
+    /// Drops what was taken on the current pad, if a mouse could drop it there.
+    void pastebutton();
+    /// What Remove does, to the selected pads that are shown and hold a Live Button.
+    void removeselected();
 
     // Light show and Live Buttons list
 
@@ -247,8 +278,18 @@ private:
 
     void setupviews();
     void setupoutputs();
+    void setuphistory();
     void setupkeys();
-    void addkey(const QKeySequence& key, QAction* action);
+    void putpadspage(const app::Work& work);
+    void putcontroller(const app::Work& work);
+    void putmarks(const app::Marks& marks);
+    bool keypressed(QTableView* view, const QKeyEvent& key);
+    bool gridkeypressed(const QKeyEvent& key);
+    void entercells(QTableView* view);
+    bool opencellmenu(QTableView* view);
+    QModelIndexList padplaces() const;
+    QModelIndexList cellplaces() const;
+    void offerpalette(const QStringList& palette, int off, int on);
     void resetbanks();
     void emptywork();
     void saveproject(const QString& path, project::Project work);
@@ -273,5 +314,26 @@ private:
     void message(const QString& text, const QString& informativetext = QString());
     bool confirmoverwrite(const QString& text);
 
+    /// Choices as they were before a change that their widgets already show: a step begins with these.
+    struct Choices
+    {
+        QString name; ///< of the page or mapping; not what is still being typed
+        bool sixteenPads = false;
+        int mapping = -1;
+        int offColor = -1;
+        int onColor = -1;
+    };
+
+    /// What Copy or Cut has taken; the place rather than its content, which may change until it is pasted.
+    struct Taken
+    {
+        QPersistentModelIndex from; ///< invalid = nothing
+        bool cut = false;
+        QString id; ///< of the Live Button that was cut
+    };
+
     std::array<OutputMode, 2> outputs;
+    std::unique_ptr<app::History> history;
+    Choices choices;
+    Taken taken;
 };

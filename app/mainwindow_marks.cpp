@@ -55,6 +55,7 @@ void MainWindow::dmxcheckchange(int index)
     const QModelIndex button = dmxModel->index(index, 0);
     if (!button.isValid())
         return;
+    const app::History::Step step(history.get());
     const int id = button.data(ItemRole::Id).toInt();
     for (const OutputMode& output : outputs) {
         for (int row = 0; row < output.grid->rowCount(); ++row) {

@@ -23,8 +23,8 @@ void setitemsizes(QComboBox* combo)
         combo->setItemData(item, QSize(25, 25), Qt::SizeHintRole);
 }
 
-/// Offers \a colors with a swatch each, and selects the one that the number \a current names, if any.
-void offercolors(QComboBox* combo, const QStringList& colors, const QString& current)
+/// Offers \a colors with a swatch each, and selects the one of the index \a current, if any.
+void offercolors(QComboBox* combo, const QStringList& colors, int current)
 {
     combo->clear();
     combo->addItems(colors);
@@ -35,7 +35,7 @@ void offercolors(QComboBox* combo, const QStringList& colors, const QString& cur
         swatch.fill(QColor(colors.at(item)));
         combo->setItemData(item, swatch, Qt::DecorationRole);
     }
-    combo->setCurrentIndex(current.toInt());
+    combo->setCurrentIndex(current);
     combo->setIconSize(QSize(20, 20));
 }
 
@@ -74,13 +74,20 @@ void MainWindow::updatemidicombo(int device)
         return;
     }
     ui->label_10->setText(tr("Default Colors"));
-    const QStringList palette = controller::palette(record);
-    offercolors(ui->combo_offcolor, palette, record.value(Key::off()));
-    offercolors(ui->combo_oncolor, palette, record.value(Key::on()));
+    offerpalette(controller::palette(record), record.value(Key::off()).toInt(),
+                 record.value(Key::on()).toInt());
+}
+
+/// Offers the colours of \a palette as default colours, with the indexes \a off and \a on chosen.
+void MainWindow::offerpalette(const QStringList& palette, int off, int on)
+{
+    offercolors(ui->combo_offcolor, palette, off);
+    offercolors(ui->combo_oncolor, palette, on);
 }
 
 void MainWindow::on_devicescombo_currentIndexChanged(int index)
 {
+    const app::History::Step step(history.get());
     updatemidicombo(index);
     updatelayout();
 }

@@ -99,6 +99,7 @@ QModelIndexList MainWindow::menucells() const
 /// Writes \a value into every cell that the menu applies to.
 void MainWindow::setpads(int role, const QString& value)
 {
+    const app::History::Step step(history.get());
     const QModelIndexList cells = menucells();
     for (const QModelIndex& cell : cells)
         controllerModel->setData(cell, value, role);
@@ -133,12 +134,14 @@ void MainWindow::onblinkaction_triggered()
 
 void MainWindow::ondeleteaction_triggered()
 {
+    const app::History::Step step(history.get());
     removepads(outputs.at(MidiOutput), menucells());
     focusgrid(outputs.at(MidiOutput));
 }
 
 void MainWindow::ondeletemidiaction_triggered(int row, int col)
 {
+    const app::History::Step step(history.get());
     removepads(outputs.at(MidiOutput), {controllerModel->index(row, col)});
 }
 
@@ -146,6 +149,7 @@ void MainWindow::ontoggleaction_triggered()
 {
     if (!menuIndex.isValid())
         return;
+    const app::History::Step step(history.get());
     const QList<int> cell{menuIndex.row(), menuIndex.column()};
     const QList<int> former = switchPad;
     // A former switch becomes an ordinary pad; without one this is a cell outside the grid.
@@ -162,6 +166,7 @@ void MainWindow::ontoggleaction_triggered()
 
 void MainWindow::on_cleanmidi_button_clicked()
 {
+    const app::History::Step step(history.get());
     controller::cleancells(controllerModel, devices.value(currentDevice));
     show::markused(dmxModel, &buttons, {});
     ui->dmxlistview->setFocus();

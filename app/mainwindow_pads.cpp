@@ -28,6 +28,7 @@ void MainWindow::resetbanks()
 
 void MainWindow::initpadlist()
 {
+    const app::History::Step step(history.get());
     padspage::fillpads(vdjModel);
     for (int column = 0; column < padspage::padColumns; ++column)
         ui->vdjlistview->setColumnWidth(column, padspage::padWidth);
@@ -61,6 +62,7 @@ void MainWindow::on_bankname_editingFinished()
     const int bank = ui->bankcombo->currentIndex();
     if (bank < 0)
         return;
+    const app::History::Step step(history.get());
     while (banks.size() <= bank)
         banks.append(QString());
     banks[bank] = ui->bankname->text();
@@ -68,8 +70,11 @@ void MainWindow::on_bankname_editingFinished()
 
 void MainWindow::on_padsname_editingFinished()
 {
+    const app::History::Step step(history.get());
     if (ui->padsname->text().isEmpty())
         ui->padsname->setText(Stored::pageName());
+    ui->padsname->setModified(false);
+    choices.name = ui->padsname->text();
 }
 
 void MainWindow::on_radioButton_8pads_clicked(bool checked)
@@ -96,12 +101,14 @@ void MainWindow::customMenuRequestedvdj(QPoint pos)
 
 void MainWindow::ondeletevdjaction_triggered()
 {
+    const app::History::Step step(history.get());
     removepads(outputs.at(PadsOutput), ui->vdjlistview->selectionModel()->selectedIndexes());
     focusgrid(outputs.at(PadsOutput));
 }
 
 void MainWindow::on_cleanpads_button_clicked()
 {
+    const app::History::Step step(history.get());
     padspage::fillpads(vdjModel);
     show::unmarkrows(dmxModel);
     ui->bankcombo->setCurrentIndex(0);

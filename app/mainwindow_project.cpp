@@ -104,6 +104,7 @@ bool MainWindow::loadproject()
     project::Project work;
     if (!readprojectfile(path, &work))
         return false;
+    const app::History::Step step(history.get());
     for (const project::Head& head : std::as_const(work.heads))
         restorehead(head);
 
@@ -124,6 +125,7 @@ bool MainWindow::loadproject()
         (sixteen ? ui->radioButton_16pads : ui->radioButton_8pads)->setChecked(true);
         ui->vdjlistview->setColumnHidden(1, !sixteen);
     }
+    history->clear();
     return true;
 }
 

@@ -37,6 +37,7 @@ bool MainWindow::loadshowname(const QString& path)
     const auto show = show::readlightshow(path);
     if (!show)
         return false;
+    const app::History::Step step(history.get());
     switchPad = {-1, -1};
     emptywork();
     ui->combobox->clear();
@@ -46,6 +47,7 @@ bool MainWindow::loadshowname(const QString& path)
     updatecombo();
     iniPath = path;
     setWindowTitle(tr("Lumipad - %1").arg(showName));
+    history->clear();
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "messages.h"
 
+#include "focusring.h"
+
 QMessageBox::StandardButton showmessage(const QString& style, const QString& text,
                                         const QString& informativetext, QMessageBox::StandardButtons buttons,
                                         QMessageBox::StandardButton defaultbutton)
@@ -12,5 +14,6 @@ QMessageBox::StandardButton showmessage(const QString& style, const QString& tex
     box.setInformativeText(informativetext);
     box.setStandardButtons(buttons);
     box.setDefaultButton(defaultbutton);
+    new FocusRing(&box);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QList>
+#include <QModelIndexList>
 #include <QRect>
 #include <QString>
 #include <functional>
 
-class QModelIndex;
+class QPoint;
 class QRadioButton;
 class QTableView;
 class QWidget;
@@ -24,7 +25,10 @@ struct OutputMode
     QString label;           ///< of the field that names the page or mapping
     std::function<void(const QModelIndex&)> empty; ///< empties a pad, as Remove does
     std::function<void(const QModelIndex&)>
-        takeoff;                                  ///< takes the Live Button off a pad, as the list asks for
+        takeoff; ///< takes the Live Button off a pad, as the list asks for
+    std::function<QModelIndexList()>
+        places; ///< the pads that are shown, in the order in which they are filled
+    std::function<void(const QPoint&)> openmenu;  ///< opens the menu of the pad at a place in the view
     std::function<bool()> isempty;                ///< whether no pad of the grid holds a Live Button
     std::function<bool()> exportwork;             ///< writes the file for VirtualDJ
     std::function<void(const QString&)> savework; ///< writes the project file of the given path

@@ -48,6 +48,7 @@ int main(int argc, char* argv[])
 
         Table::head();
         benchstarting();
+        benchworst();
         qputenv("QT_QPA_PLATFORM", "offscreen");
         const QApplication app(argc, argv);
         benchlisting(newfolder(folder, QStringLiteral("shows")));

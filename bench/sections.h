@@ -8,6 +8,8 @@
 /// Start to first paint, on every platform plug-in that can be had here. Must come before this process has
 /// grown, thus before its QApplication: see starting.cpp.
 void benchstarting();
+/// The worst file that each reader accepts, in CPU time and memory. Must come early for the same reason.
+void benchworst();
 /// Loading shows of 200, 2,000 and 20,000 Live Buttons, and filtering their list by page. Needs a
 /// QApplication.
 void benchlisting(const QString& folder);

@@ -32,22 +32,23 @@ double peakbytes(const rusage& usage)
 #endif
 }
 
-/// Runs \a program to its end and gives what the whole process took. The system counts the peak of a process
-/// from its parent's memory on, from before the program was put in its place: hence a parent that has grown
-/// larger than the program would be measured instead of it.
-Cost runprocess(const char* program)
+/// Runs \a program with up to two arguments to its end and gives what the whole process took. The system
+/// counts the peak of a process from its parent's memory on, from before the program was put in its place:
+/// hence a parent that has grown larger than the program would be measured instead of it.
+Cost runprocess(const char* program, const char* first = nullptr, const char* second = nullptr)
 {
     rusage own{};
     getrusage(RUSAGE_SELF, &own);
 
-    char* arguments[] = {const_cast<char*>(program), nullptr};
+    char* arguments[] = {const_cast<char*>(program), const_cast<char*>(first), const_cast<char*>(second),
+                         nullptr};
     pid_t process = 0;
     require(posix_spawn(&process, program, nullptr, nullptr, arguments, environ) == 0,
             QStringLiteral("%1 cannot be started").arg(QLatin1String(program)));
     int status = 0;
     rusage usage{};
     require(wait4(process, &status, 0, &usage) == process && status == 0,
-            QStringLiteral("%1 ended without a first paint").arg(QLatin1String(program)));
+            QStringLiteral("%1 failed").arg(QLatin1String(program)));
     require(peakbytes(usage) > peakbytes(own),
             QStringLiteral("the benchmark has grown too large to measure a start"));
     return {seconds(usage.ru_utime) + seconds(usage.ru_stime), peakbytes(usage)};
@@ -71,4 +72,25 @@ void benchstarting()
     benchplatform("offscreen");
     if (qEnvironmentVariableIsSet("DISPLAY"))
         benchplatform("xcb");
+}
+
+void benchworst()
+{
+    constexpr int worstRounds = 3;
+    Table::section(
+        QStringLiteral("The worst file that is read, in a process of its own, against a small one"));
+    const auto bench = [](const QString& what, const char* reader) {
+        Work worst{[reader] { return runprocess(READ_WORST, reader, "worst"); }, {}};
+        Work small{[reader] { return runprocess(READ_WORST, reader, "small"); }, {}};
+        measure({&small, &worst}, worstRounds);
+        Table::times(what + QStringLiteral(", CPU time"), worst, small, Table::noAim);
+        Table::memory(what + QStringLiteral(", peak memory"), worst, small, Table::noAim);
+    };
+    bench(QStringLiteral("a show of 500,000 lines"), "show-lines");
+    bench(QStringLiteral("a show whose pages share a group"), "show-shared");
+    bench(QStringLiteral("a project of 75,000 cells"), "project-cells");
+    bench(QStringLiteral("a project with a name of 8 MB of tabs"), "project-name");
+    bench(QStringLiteral("a folder of mappings of 16 MB"), "mappers");
+    bench(QStringLiteral("an export of the longest actions"), "export");
+    bench(QStringLiteral("a drop of 64 MB"), "drop");
 }

@@ -24,9 +24,9 @@ constexpr int maxProjects = 4;
 /// `mapper` elements of one mapping file: VirtualDJ writes one. Each becomes an entry to choose.
 constexpr int maxMappersPerFile = 100;
 
-/// Bytes that the scan of VirtualDJ's folder of mappings reads in sum, before the window is shown; files
-/// behind that in the order of their names are not listed. A mapping takes some hundred kilobytes.
-constexpr int maxMappersScan = 32 * 1024 * 1024;
+/// Bytes that the scan of VirtualDJ's folder of mappings reads in sum, before the window is shown; files that
+/// do not fit any more, in the order of their names, are not listed. A mapping takes some hundred kilobytes.
+constexpr int maxMappersScan = 16 * 1024 * 1024;
 
 /// What a file counts at least in that sum: opening it takes as long as reading this many bytes.
 constexpr int minMapperScan = 4096;

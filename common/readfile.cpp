@@ -50,7 +50,9 @@ std::optional<QByteArray> readregularfile(const QString& path, int most)
     QFile file(path);
     if (!open(&file))
         return std::nullopt;
-    // Asking for the size would not do: files of the system say 0, and any file can grow meanwhile.
+    // The size alone would not do: files of the system say 0, and any file can grow meanwhile.
+    if (file.size() > most)
+        return std::nullopt;
     QByteArray bytes;
     QByteArray piece(64 * 1024, Qt::Uninitialized);
     qint64 count = 0;

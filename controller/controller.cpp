@@ -2,6 +2,7 @@
 
 #include "cells.h"
 #include "itemroles.h"
+#include "names.h"
 #include "occupied.h"
 #include "payload.h"
 #include "storedtexts.h"
@@ -203,8 +204,9 @@ QVariant Controller::tooltip(const QModelIndex& index) const
     const Record& cell = *recordat(index);
     if (show::isvacant(cell.value(Key::id())) || cell.value(Key::avail()) == QLatin1String("0"))
         return QVariant();
-    QString text = tr("%1<br>Live Button: %2")
-                       .arg(getpadindex(index.row(), index.column()), astext(cell.value(Key::name())));
+    QString text =
+        tr("%1<br>Live Button: %2")
+            .arg(getpadindex(index.row(), index.column()), astext(shownname(cell.value(Key::name()))));
     if (!cell.value(Key::colorOff()).isEmpty())
         text += tr("<br>Off Color : %1").arg(swatchimage(cell.value(Key::colorOff())));
     if (!cell.value(Key::colorOn()).isEmpty())

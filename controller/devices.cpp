@@ -1,5 +1,6 @@
 #include "devices.h"
 
+#include "readfile.h"
 #include "storedtexts.h"
 #include "xmlelements.h"
 
@@ -41,6 +42,32 @@ Record mapperrecord(const QString& device, const QString& name, const QString& p
     return {{Key::device(), device}, {Key::name(), name}, {Key::path(), path}};
 }
 
+/// Whether \a xml can name one of \a devices. In all encodings but UTF-16 their ids are plain bytes, unless
+/// they are written as references.
+bool canname(const QByteArray& xml, const QList<Record>& devices)
+{
+    return xml.startsWith("\xFE\xFF") || xml.startsWith("\xFF\xFE") || xml.contains("&#") ||
+           std::any_of(devices.cbegin(), devices.cend(), [&xml](const Record& device) {
+               return xml.contains(device.value(Key::device()).toUtf8());
+           });
+}
+
+/// The ids of \a devices that the mapping file \a xml is for.
+QStringList deviceids(const QByteArray& xml, const QList<Record>& devices)
+{
+    // Parsing takes by far the most of a scan, and most mappings are for other controllers.
+    if (!canname(xml, devices))
+        return {};
+    QStringList ids;
+    const auto mappers = elementsof(xml, {QStringLiteral("mapper")}).mid(0, maxMappersPerFile);
+    for (const XmlElement& mapper : mappers) {
+        const QString device = mapper.attributes.value(Key::device());
+        if (getdeviceindex(devices, device) >= 0)
+            ids.append(device);
+    }
+    return ids;
+}
+
 } // namespace
 
 DeviceLists readdefaultmappers(const QString& folder)
@@ -67,14 +94,16 @@ QList<Record> readmappers(const QString& folder, const QList<Record>& devices)
 {
     QList<Record> mappers;
     const QStringList files = xmlfiles(folder);
+    int scanned = 0;
     for (const QString& file : files) {
         const QString path = folder + QLatin1Char('/') + file;
-        const auto elements = readelements(path, {QStringLiteral("mapper")});
-        for (const XmlElement& mapper : elements) {
-            const QString device = mapper.attributes.value(Key::device());
-            if (getdeviceindex(devices, device) >= 0)
-                mappers.append(mapperrecord(device, QFileInfo(file).baseName(), path));
-        }
+        const auto xml = readregularfile(path, std::min(maxXmlSize, maxMappersScan - scanned));
+        scanned += std::max(xml ? xml->size() : 0, minMapperScan);
+        if (scanned > maxMappersScan)
+            break;
+        const QStringList ids = xml ? deviceids(*xml, devices) : QStringList();
+        for (const QString& id : ids)
+            mappers.append(mapperrecord(id, QFileInfo(file).baseName(), path));
     }
     return mappers;
 }

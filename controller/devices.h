@@ -25,7 +25,8 @@ struct DeviceLists
 DeviceLists readdefaultmappers(const QString& folder);
 
 /// The mappers of the VirtualDJ mapper files in \a folder, in the same order, one for each `mapper` element
-/// whose device (case-sensitive) is in \a devices. Files that cannot be read and a missing folder give none.
+/// whose device (case-sensitive) is in \a devices. Files that cannot be read and a missing folder give none;
+/// `maxMappersPerFile` and `maxMappersScan` bound what is listed.
 QList<Record> readmappers(const QString& folder, const QList<Record>& devices);
 
 /// The index of the first device with the id \a device, or -1.

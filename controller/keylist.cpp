@@ -13,13 +13,16 @@ namespace {
 
 using Actions = QHash<QString, QString>;
 
-/// The factory action of every name in the mapping.
+/// The factory action of every name in the mapping; empty when it is too long for one.
 Actions readactions(const QString& mapperpath)
 {
     Actions actions;
     const auto maps = readelements(mapperpath, {QStringLiteral("map")});
-    for (const XmlElement& map : maps)
-        actions.insert(map.attributes.value(Key::value()), map.attributes.value(Key::action()));
+    for (const XmlElement& map : maps) {
+        const QString action = map.attributes.value(Key::action());
+        actions.insert(map.attributes.value(Key::value()),
+                       action.size() > maxActionLength ? QString() : action);
+    }
     return actions;
 }
 

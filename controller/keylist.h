@@ -13,6 +13,7 @@ namespace controller {
 /// action), `row`, `col`, `type` (the tag); pads and buttons also `led` (name of the LED) and `ledaction`,
 /// buttons `ledtype` ("color" or "led"). Of several `map` entries of one name the last counts; entries that
 /// no control names are left out. Actions are freed from earlier OS2L wrapping.
+/// An action beyond `maxActionLength` reads as empty.
 /// Empty when a file is missing; a malformed file counts as one without elements.
 QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath);
 

@@ -45,7 +45,9 @@ void Mydelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, co
     }
     painter->setPen(QPen(textcolor, 2));
     painter->setFont(option.font);
-    painter->drawText(cell.adjusted(25, 0, -5, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                      index.data(Qt::DisplayRole).toString());
+    const QRect place = cell.adjusted(25, 0, -5, 0);
+    const QString name = index.data(Qt::DisplayRole).toString();
+    painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                      painter->fontMetrics().elidedText(name, Qt::ElideRight, place.width()));
     painter->restore();
 }

@@ -4,10 +4,21 @@ namespace controller {
 
 QString xmlparse(const QString& text)
 {
-    QString escaped = text;
-    escaped.replace(QLatin1String("'"), QLatin1String("&apos;"));
-    escaped.replace(QLatin1String("\""), QLatin1String("&quot;"));
-    escaped.replace(QLatin1String(" & "), QLatin1String(" &amp; "));
+    QString escaped;
+    escaped.reserve(text.size());
+    for (int at = 0; at < text.size(); ++at) {
+        const QChar sign = text.at(at);
+        if (sign == QLatin1Char('\'')) {
+            escaped += QLatin1String("&apos;");
+        } else if (sign == QLatin1Char('"')) {
+            escaped += QLatin1String("&quot;");
+        } else if (sign == QLatin1Char(' ') && QStringView(text).mid(at, 3) == QLatin1String(" & ")) {
+            escaped += QLatin1String(" &amp; ");
+            at += 2;
+        } else {
+            escaped += sign;
+        }
+    }
     return escaped;
 }
 

@@ -1,6 +1,7 @@
 #include "vdjmodel.h"
 
 #include "itemroles.h"
+#include "names.h"
 #include "occupied.h"
 #include "padgeometry.h"
 #include "payload.h"
@@ -52,7 +53,7 @@ QVariant VDJModel::tooltip(const QModelIndex& index) const
     if (show::isvacant(pad.value(Key::id())))
         return QVariant();
     return tr("%1 \nLive Button: %2 \nDisplay Text: %3\n\nDouble-click to edit Text\nRight-click to Remove")
-        .arg(rowname(index.row()), pad.value(Key::dspName()), pad.value(Key::name()));
+        .arg(rowname(index.row()), shownname(pad.value(Key::dspName())), shownname(pad.value(Key::name())));
 }
 
 QString VDJModel::accepted(const QModelIndex& index, int role, const QString& text) const

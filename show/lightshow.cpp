@@ -1,5 +1,6 @@
 #include "lightshow.h"
 
+#include "names.h"
 #include "plainini.h"
 #include "readfile.h"
 #include "storedtexts.h"
@@ -26,14 +27,6 @@ QString textvalue(const QSettings& settings, const QString& key)
             return text.mid(form.size(), text.size() - form.size() - 1);
     }
     return text == QLatin1String("@Invalid()") ? QString() : text;
-}
-
-/// The first \a most characters of \a text, and no half one.
-QString beginning(const QString& text, int most)
-{
-    if (text.size() <= most)
-        return text;
-    return text.left(text.at(most - 1).isHighSurrogate() ? most - 1 : most);
 }
 
 /// Makes the records of a show from its settings, as far as the bounds allow.
@@ -77,7 +70,7 @@ Record ShowReader::page(int number)
     readgroup(QStringLiteral("page") + QString::number(number), &record);
     const auto name = record.find(Key::pageName());
     if (name != record.end())
-        *name = beginning(*name, maxShownLength);
+        *name = shownname(*name);
     return record;
 }
 

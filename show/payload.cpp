@@ -1,5 +1,7 @@
 #include "payload.h"
 
+#include "bounds.h"
+
 #include <QColor>
 #include <QDataStream>
 #include <QIODevice>
@@ -13,19 +15,40 @@ QString listformat() { return QStringLiteral("application/vnd.text.list"); }
 
 QString colorformat() { return QStringLiteral("application/x-color"); }
 
-/// Reads values until the stream ends; false when the bytes stop inside a value or are no such values.
-template<typename Value>
-bool readall(const QByteArray& bytes, QVector<Value>* values)
+/// Both streams are of this version, whatever the toolkit is: later ones write colours otherwise.
+void setversion(QDataStream* stream) { stream->setVersion(QDataStream::Qt_5_15); }
+
+/// Reads texts until the stream ends; false when the bytes stop inside a text or are no texts.
+bool readtexts(const QByteArray& bytes, QVector<QString>* texts)
 {
     QDataStream stream(bytes);
+    setversion(&stream);
     while (!stream.atEnd()) {
-        Value value;
-        stream >> value;
+        QString text;
+        stream >> text;
         if (stream.status() != QDataStream::Ok)
             return false;
-        values->append(value);
+        texts->append(text);
     }
     return true;
+}
+
+/// The first of the colours in \a bytes; nothing when there is none, or when the bytes stop inside a colour
+/// or tell of a kind of colour that does not exist: an object of such a kind must not come to be.
+std::optional<QColor> readcolor(const QByteArray& bytes)
+{
+    constexpr int colorsize = 11; // a byte for the kind, five words
+    if (bytes.isEmpty() || bytes.size() % colorsize != 0)
+        return std::nullopt;
+    for (int at = 0; at < bytes.size(); at += colorsize) {
+        if (bytes.at(at) < QColor::Invalid || bytes.at(at) > QColor::ExtendedRgb)
+            return std::nullopt;
+    }
+    QDataStream stream(bytes);
+    setversion(&stream);
+    QColor color;
+    stream >> color;
+    return color;
 }
 
 int numberat(const QVector<QString>& fields, int position)
@@ -45,6 +68,8 @@ QMimeData* encodepayload(const QModelIndexList& indexes, const QVector<PayloadFi
     QByteArray colors;
     QDataStream liststream(&list, QIODevice::WriteOnly);
     QDataStream colorstream(&colors, QIODevice::WriteOnly);
+    setversion(&liststream);
+    setversion(&colorstream);
     for (const QModelIndex& index : indexes) {
         if (!index.isValid())
             continue;
@@ -63,18 +88,20 @@ std::optional<Payload> decodepayload(const QMimeData* data, int count)
 {
     if (!data || !data->hasFormat(listformat()) || !data->hasFormat(colorformat()))
         return std::nullopt;
+    const QByteArray list = data->data(listformat());
+    const QByteArray colors = data->data(colorformat());
     QVector<QString> fields;
-    QVector<QColor> colors;
-    if (!readall(data->data(listformat()), &fields) || !readall(data->data(colorformat()), &colors))
+    if (list.size() > maxPayloadSize || colors.size() > maxPayloadSize || !readtexts(list, &fields))
         return std::nullopt;
-    if (fields.size() < count || colors.isEmpty())
+    const auto color = readcolor(colors);
+    if (fields.size() < count || !color)
         return std::nullopt;
 
     Payload payload;
     payload.sourceRow = numberat(fields, PayloadSourceRow);
     payload.sourceColumn = numberat(fields, PayloadSourceColumn);
     payload.fields = QStringList(fields.cbegin(), fields.cend());
-    payload.color = colors.constFirst().name();
+    payload.color = color->name();
     return payload;
 }
 

@@ -11,7 +11,7 @@ namespace show {
 
 /// The drag payload that the three item models share. It has two parts, both always present:
 /// "application/vnd.text.list", a QDataStream of QString fields, one group of fields per dragged item, and
-/// "application/x-color", a QDataStream of one QColor per item (QDataStream, Qt 5 default version).
+/// "application/x-color", a QDataStream of one QColor per item (QDataStream of version Qt 5.15).
 
 /// The two formats, the list first: what every model's `mimeTypes()` answers.
 QStringList payloadformats();
@@ -57,7 +57,8 @@ struct Payload
 QMimeData* encodepayload(const QModelIndexList& indexes, const QVector<PayloadField>& fields);
 
 /// Reads a payload whose receiver needs the first \a count fields (at least PayloadOrigin + 1) and a colour.
-/// Gives nothing when \a data is null, lacks a format, is cut short, or holds bytes that are no such stream;
+/// Gives nothing when \a data is null, lacks a format, is cut short, holds bytes that are no such stream or
+/// more than `maxPayloadSize`;
 /// so a receiver may address every position below \a count.
 std::optional<Payload> decodepayload(const QMimeData* data, int count);
 

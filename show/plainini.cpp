@@ -16,6 +16,12 @@ bool islineend(char sign) { return sign == '\n' || sign == '\r'; }
 
 bool isascii(char sign) { return static_cast<uchar>(sign) < 0x80; }
 
+/// Whether \a sign can stand in the name of a group or key as it is.
+bool isplainname(char sign)
+{
+    return isascii(sign) && !islineend(sign) && sign != '"' && sign != ';' && sign != '=' && sign != '\\';
+}
+
 /// The value of a digit of an escape; -1 when \a digit is none.
 int digitvalue(char digit, bool hexadecimal)
 {
@@ -76,7 +82,7 @@ std::optional<QByteArray> PlainIni::result()
             while (keyend > m_start && isblank(m_bytes.at(keyend - 1)))
                 --keyend;
             m_result += '\n';
-            addname(m_bytes.mid(m_start, keyend - m_start));
+            addname(QByteArray::fromRawData(m_bytes.constData() + m_start, keyend - m_start));
             m_result += '=';
             addvalue(m_equals + 1, m_end);
         } else {
@@ -136,8 +142,8 @@ bool PlainIni::nextline()
 void PlainIni::addgroup()
 {
     const QByteArray line = m_bytes.mid(m_start + 1, m_end - m_start - 1);
-    m_result += "\n[";
     const int close = line.indexOf(']');
+    m_result += "\n[";
     addname((close < 0 ? line : line.left(close)).trimmed());
     m_result += ']';
 }
@@ -146,10 +152,14 @@ void PlainIni::addgroup()
 /// and other bytes as Latin-1.
 void PlainIni::addname(const QByteArray& name)
 {
+    if (std::all_of(name.cbegin(), name.cend(), isplainname)) {
+        m_result += name;
+        return;
+    }
     for (const char sign : name) {
         if (sign == '\\')
             m_result += '/';
-        else if (isascii(sign) && !islineend(sign) && sign != '"' && sign != ';' && sign != '=')
+        else if (isplainname(sign))
             m_result += sign;
         else
             m_result += '%' + QByteArray(1, sign).toHex();

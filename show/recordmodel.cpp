@@ -1,10 +1,12 @@
 #include "recordmodel.h"
 
+#include "names.h"
 #include "payload.h"
 
 #include <QColor>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -16,6 +18,18 @@ QString marktext(const QVariant& value)
 }
 
 } // namespace
+
+/// From its making to its end lies one change that `watchchanges` tells of.
+class RecordModel::WatchedChange
+{
+public:
+    explicit WatchedChange(const RecordModel& model) : m_model(model) { m_model.m_before(); }
+    ~WatchedChange() { m_model.m_after(); }
+    Q_DISABLE_COPY(WatchedChange)
+
+private:
+    const RecordModel& m_model;
+};
 
 RecordModel::RecordModel(int columns, const QVector<RecordRole>& roles, int fields, const Rows& rows,
                          QObject* parent)
@@ -74,7 +88,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const
     case RecordRole::Text:
         break;
     }
-    return text;
+    return role == Qt::DisplayRole ? shownname(text) : text;
 }
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -87,6 +101,9 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
     if (!kept)
         return false;
     const QString text = kept->kind == RecordRole::Mark ? marktext(value) : value.toString();
+    std::optional<WatchedChange> change;
+    if (role == Qt::EditRole)
+        change.emplace(*this);
     m_rows[index.row()][index.column()].insert(kept->key, accepted(index, role, text));
     touch();
     return true;
@@ -138,7 +155,10 @@ bool RecordModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int
     if (action == Qt::IgnoreAction)
         return true;
     const auto payload = show::decodepayload(data, m_fields);
-    return payload && contains(parent) && drop(*payload, parent);
+    if (!payload || !contains(parent))
+        return false;
+    const WatchedChange change(*this);
+    return drop(*payload, parent);
 }
 
 Qt::DropActions RecordModel::supportedDropActions() const { return Qt::CopyAction | Qt::MoveAction; }
@@ -171,4 +191,23 @@ bool RecordModel::removeRows(int row, int count, const QModelIndex& parent)
     m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + existing);
     endRemoveRows();
     return true;
+}
+
+QList<QList<Record>> RecordModel::rows() const { return m_rows; }
+
+void RecordModel::setrows(const QList<QList<Record>>& rows)
+{
+    const bool reshaped = rows.size() != m_rows.size();
+    if (reshaped)
+        beginResetModel();
+    m_rows = rows;
+    if (reshaped)
+        endResetModel();
+    touch();
+}
+
+void RecordModel::watchchanges(const std::function<void()>& before, const std::function<void()>& after)
+{
+    m_before = before;
+    m_after = after;
 }

@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <QList>
 #include <QVector>
+#include <functional>
 
 namespace show {
 struct Payload;
@@ -37,7 +38,7 @@ public:
     /// nothing.
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     /// Invalid for an index without a record of this model, and for roles that the model does not keep. The
-    /// background is always white.
+    /// background is always white; of a long text only the beginning is shown.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// Stores \a value as text; false, with nothing changed, for an index without a record and for roles that
     /// the model does not keep. Setting the background is accepted and stores nothing.
@@ -60,6 +61,16 @@ public:
     bool insertRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Removes \a count rows at \a row, as far as they exist. False for a negative row or count.
     bool removeRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
+
+    /// A copy of all records, row by row.
+    QList<QList<Record>> rows() const;
+    /// Replaces all records. Views keep selection and current cell unless the number of rows changes.
+    void setrows(const QList<QList<Record>>& rows);
+
+    /// Calls \a before and \a after around every change that comes the way a view makes it: a drop with all
+    /// that its signals bring about, and a text that is set under the edit role. Calls, not signals: a change
+    /// of one value is silent to all that listen to a model.
+    void watchchanges(const std::function<void()>& before, const std::function<void()>& after);
 
 signals:
     /// Something that a view shows has changed. Comes once for all that changed since the event loop last
@@ -94,10 +105,14 @@ protected:
     Rows m_rows;
 
 private:
+    class WatchedChange;
+
     const RecordRole* keptrole(int role) const;
 
     int m_columns;
     QVector<RecordRole> m_roles;
     int m_fields;
     bool m_touched = false;
+    std::function<void()> m_before = [] {};
+    std::function<void()> m_after = [] {};
 };

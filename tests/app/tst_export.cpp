@@ -125,8 +125,8 @@ void compareMessage(const ShownDialog& box, const QString& text, const QString& 
     QVERIFY(box.isMessageBox);
     QCOMPARE(box.text, text);
     QCOMPARE(box.informativeText, informative);
-    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.disabledButtons, QMessageBox::StandardButtons());
+    QCOMPARE(int(box.buttons), int(QMessageBox::StandardButtons(QMessageBox::Ok)));
+    QCOMPARE(int(box.disabledButtons), int(QMessageBox::StandardButtons()));
     QCOMPARE(box.defaultButton, QMessageBox::Ok);
     QCOMPARE(box.styleSheet, boxStyle());
     QVERIFY(!box.parent);
@@ -142,8 +142,8 @@ void compareQuestion(const ShownDialog& box, const QString& name)
     QVERIFY(box.isMessageBox);
     QCOMPARE(box.text, "Pads Page " + name + " already exists.");
     QCOMPARE(box.informativeText, QString("Do you want to overwrite ?"));
-    QCOMPARE(box.buttons, QMessageBox::Yes | QMessageBox::No);
-    QCOMPARE(box.disabledButtons, QMessageBox::StandardButtons());
+    QCOMPARE(int(box.buttons), int(QMessageBox::Yes | QMessageBox::No));
+    QCOMPARE(int(box.disabledButtons), int(QMessageBox::StandardButtons()));
     QCOMPARE(box.defaultButton, QMessageBox::No);
     QCOMPARE(box.styleSheet, boxStyle());
     QVERIFY(!box.parent);

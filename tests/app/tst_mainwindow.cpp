@@ -190,7 +190,6 @@ private slots:
     void keysTriggerTheirActions();
     void noKeyThrowsTheWorkAway();
     void keyOfADisabledActionDoesNothing();
-    void menuShowsNoKeys();
     void tabVisitsEveryControl_data();
     void tabVisitsEveryControl();
     void everyControlHasAnAccessibleName();
@@ -1140,18 +1139,6 @@ void MainWindowTest::keyOfADisabledActionDoesNothing()
     QCOMPARE(saved.count(), 1);
 }
 
-void MainWindowTest::menuShowsNoKeys()
-{
-    const TestHome home;
-    const TestWindow window;
-    const auto actions = window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
-    QVERIFY(actions.size() >= 10);
-    for (const QAction* action : actions) {
-        QVERIFY2(action->shortcuts().isEmpty(), qPrintable(action->objectName()));
-        QVERIFY2(!action->text().contains(QLatin1Char('\t')), qPrintable(action->objectName()));
-    }
-}
-
 void MainWindowTest::tabVisitsEveryControl_data()
 {
     QTest::addColumn<bool>("midi");
@@ -1188,9 +1175,6 @@ void MainWindowTest::tabVisitsEveryControl()
         visited.append(focused->objectName());
         QTest::keyClick(focused, Qt::Key_Tab);
     }
-    // The pads lie behind the controller grid in MIDI mode; whether Tab passes through them is no matter.
-    if (midi)
-        visited.removeAll(QStringLiteral("vdjlistview"));
     QCOMPARE(visited.join(QLatin1Char(' ')), road);
 }
 

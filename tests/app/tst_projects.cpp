@@ -238,7 +238,7 @@ void compareMessage(const ShownDialog& box, const QString& text, const Session& 
     QVERIFY(box.isMessageBox);
     QCOMPARE(box.text, text);
     QCOMPARE(box.informativeText, QString());
-    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(int(box.buttons), int(QMessageBox::StandardButtons(QMessageBox::Ok)));
     QCOMPARE(box.defaultButton, QMessageBox::Ok);
     QCOMPARE(box.styleSheet, session.window.messageBoxStyle);
     QVERIFY(!box.parent);
@@ -249,7 +249,7 @@ void compareOverwrite(const ShownDialog& box, const QString& name, const Session
     QVERIFY(box.isMessageBox);
     QCOMPARE(box.text, "Project " + name + " already exists.");
     QCOMPARE(box.informativeText, overwriteQuestion);
-    QCOMPARE(box.buttons, QMessageBox::Yes | QMessageBox::No);
+    QCOMPARE(int(box.buttons), int(QMessageBox::Yes | QMessageBox::No));
     QCOMPARE(box.defaultButton, QMessageBox::No);
     QCOMPARE(box.styleSheet, session.window.messageBoxStyle);
     QVERIFY(!box.parent);
@@ -260,7 +260,7 @@ void compareGuard(const ShownDialog& box, const Session& session)
     QVERIFY(box.isMessageBox);
     QCOMPARE(box.text, replaceQuestion);
     QCOMPARE(box.informativeText, QString());
-    QCOMPARE(box.buttons, QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel);
+    QCOMPARE(int(box.buttons), int(QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel));
     QCOMPARE(box.defaultButton, QMessageBox::Cancel);
     QCOMPARE(box.styleSheet, session.window.messageBoxStyle);
     QVERIFY(!box.parent);

@@ -1,9 +1,11 @@
+#include "bounds.h"
 #include "devices.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QtTest>
 
 #include <climits>
@@ -150,6 +152,11 @@ private slots:
     void givesNoMappersForAMissingFolder();
     void isNotHeldUpByHostileFiles_data();
     void isNotHeldUpByHostileFiles();
+    void listsAtMostAHundredMappersOfOneFile();
+    void findsADeviceThatIsNamedInAnyWay_data();
+    void findsADeviceThatIsNamedInAnyWay();
+    void readsTheFolderUpToABoundInSum();
+    void isReadySoonWithAFolderFullOfLargeFiles();
 
     void findsADeviceById();
     void findsTheMapperThatTheUserChose_data();
@@ -522,6 +529,73 @@ void DevicesTest::isNotHeldUpByHostileFiles()
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), (QStringList{"a", "z"}));
     QVERIFY2(timer.elapsed() < 30000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
     QVERIFY2(peakmemory() - before < 400, qPrintable(QString("%1 MB").arg(peakmemory() - before)));
+}
+
+void DevicesTest::listsAtMostAHundredMappersOfOneFile()
+{
+    const Folder folder;
+    folder.put("a.xml", "<all>" + mapper("LAUNCHPAD").repeated(maxMappersPerFile + 1) + "</all>");
+    folder.put("b.xml",
+               "<all>" + mapper("OTHER").repeated(maxMappersPerFile) + mapper("LAUNCHPAD") + "</all>");
+    folder.put("c.xml", mapper("APCMINI"));
+    const QStringList names = column(readmappers(folder.path(), twodevices()), "name");
+    QCOMPARE(names.count("a"), maxMappersPerFile);
+    QCOMPARE(names.count("b"), 0);
+    QCOMPARE(names.count("c"), 1);
+}
+
+void DevicesTest::findsADeviceThatIsNamedInAnyWay_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    const QString text = "<mapper device=\"APCMINI\"/>";
+    const QByteArray wide = QTextCodec::codecForName("UTF-16")->fromUnicode(text);
+    QByteArray swapped = wide;
+    for (int at = 0; at + 1 < swapped.size(); at += 2)
+        std::swap(swapped.data()[at], swapped.data()[at + 1]);
+    QTest::newRow("plain") << text.toUtf8();
+    QTest::newRow("UTF-16") << wide;
+    QTest::newRow("UTF-16, its bytes swapped") << swapped;
+    QTest::newRow("decimal references") << QByteArray("<mapper device=\"&#65;&#80;CMINI\"/>");
+    QTest::newRow("one hexadecimal reference") << QByteArray("<mapper device=\"APCMIN&#x49;\"/>");
+}
+
+void DevicesTest::findsADeviceThatIsNamedInAnyWay()
+{
+    QFETCH(QByteArray, xml);
+    const Folder folder;
+    folder.put("a.xml", xml);
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "device"), QStringList{"APCMINI"});
+}
+
+void DevicesTest::readsTheFolderUpToABoundInSum()
+{
+    const Folder folder;
+    const int fitting = maxMappersScan / maxXmlSize;
+    for (int n = 0; n <= fitting; ++n)
+        folder.put(QString("large%1.xml").arg(n), mapper("APCMINI").leftJustified(maxXmlSize - 8192));
+    folder.put("small.xml", mapper("APCMINI"));
+    folder.put("too large.xml", mapper("APCMINI").leftJustified(maxXmlSize));
+    folder.put("zsmall.xml", mapper("APCMINI"));
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"),
+             (QStringList{"large0", "large1", "small", "zsmall"}));
+}
+
+void DevicesTest::isReadySoonWithAFolderFullOfLargeFiles()
+{
+    const Folder folder;
+    const QByteArray head = "<mapper device=\"APCMINI\">";
+    const QByteArray line =
+        "<map value=\"PAD_1_1\" action=\"var &apos;$mode&apos; 0 ? sampler_pad 1 : hot_cue 1 "
+        "and some more words\"/>\n";
+    const QByteArray large = head + line.repeated((maxXmlSize - 100) / line.size()) + "</mapper>";
+    for (int n = 0; n < 20; ++n)
+        folder.put(QString("%1.xml").arg(n), large);
+    for (int n = 0; n < 20; ++n)
+        folder.put(QString("other%1.xml").arg(n), QByteArray(large).replace("APCMINI", "UNKNOWN"));
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(readmappers(folder.path(), twodevices()).size() <= maxMappersScan / maxXmlSize + 1);
+    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
 }
 
 void DevicesTest::findsADeviceById()

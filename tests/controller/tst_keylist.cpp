@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "keylist.h"
 
 #include <QElapsedTimer>
@@ -93,6 +94,7 @@ private slots:
     void keepsPlacesAsTheyAreWritten();
     void pairsAPadWithItsActionAndItsLed();
     void takesTheLastMapOfAName();
+    void takesAnActionThatIsTooLongForAnEmptyOne();
     void comparesNamesExactly_data();
     void comparesNamesExactly();
     void givesAPadWithoutLedPrefixOneActionForBoth();
@@ -184,6 +186,17 @@ void KeylistTest::takesTheLastMapOfAName()
                                 map("LED_B", "toggle &apos;$os2l&apos;"));
     QCOMPARE(column(keys, "action"), (QStringList{"", "one", ""}));
     QCOMPARE(column(keys, "ledaction"), (QStringList{"", "", "(none)"}));
+}
+
+void KeylistTest::takesAnActionThatIsTooLongForAnEmptyOne()
+{
+    const QByteArray longest(maxActionLength, 'x');
+    const QList<Record> keys =
+        keysof("<pad name=\"P\"/><pad name=\"Q\"/><pad name=\"R\"/>",
+               map("P", longest) + map("Q", longest + 'x') + map("R", longest + 'x') + map("R", "play"));
+    QVERIFY(keys.value(0).value("action") == longest);
+    QCOMPARE(keys.value(1).value("action"), QString());
+    QCOMPARE(keys.value(2).value("action"), QString("play"));
 }
 
 void KeylistTest::comparesNamesExactly_data()

@@ -129,7 +129,7 @@ private slots:
     void putsTheSwatchAtTheLeftInTheMiddle();
     void paintsABlackSwatchForATextThatIsNoColor();
     void startsTheTextBesideTheSwatch();
-    void cutsALongTextOffBeforeTheRightEdge();
+    void endsALongTextWithAnEllipsisBeforeTheRightEdge();
     void centersTheTextVertically_data();
     void centersTheTextVertically();
     void cutsATallTextOffAtTheEdges();
@@ -286,16 +286,28 @@ void MydelegateTest::startsTheTextBesideTheSwatch()
              20 + 25);
 }
 
-void MydelegateTest::cutsALongTextOffBeforeTheRightEdge()
+void MydelegateTest::endsALongTextWithAnEllipsisBeforeTheRightEdge()
 {
     QFont underlined = hardEdged(12);
     underlined.setUnderline(true);
     const auto model = grid();
     name(*model, 2, 2, QString(60, 'H'));
-    const QRect text =
-        extent(painted(model->index(2, 2), QStyle::State_Enabled, usualCell, underlined), white);
+    const QImage image = painted(model->index(2, 2), QStyle::State_Enabled, usualCell, underlined);
+    const QRect text = extent(image, white);
     QCOMPARE(text.left(), 20 + 25);
-    QCOMPARE(text.right(), 20 + 95 - 1 - 5);
+    const QFontMetrics metrics(underlined);
+    QVERIFY(text.right() <= 20 + 95 - 1 - 5);
+    QVERIFY(text.right() > 20 + 95 - 1 - 5 - metrics.horizontalAdvance('H'));
+    // As many whole letters as leave room for the ellipsis.
+    const QString ellipsis(QChar(0x2026));
+    int letters = 0;
+    while (metrics.horizontalAdvance(QString(letters + 1, 'H') + ellipsis) <= 95 - 25 - 5)
+        ++letters;
+    name(*model, 2, 2, QString(letters, 'H') + ellipsis);
+    QCOMPARE(image, painted(model->index(2, 2), QStyle::State_Enabled, usualCell, underlined));
+    // A name that fits is whole.
+    name(*model, 2, 2, QString(letters, 'H'));
+    QVERIFY(image != painted(model->index(2, 2), QStyle::State_Enabled, usualCell, underlined));
 }
 
 void MydelegateTest::centersTheTextVertically_data()

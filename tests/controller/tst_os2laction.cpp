@@ -164,6 +164,7 @@ private slots:
     void changesNothingThatWasNotWrapped();
     void givesAnEndOfEveryWrappedText();
     void takesLongActionsAtOnce();
+    void escapesAsIfOneSignAfterTheOther();
 
     void givesBackEveryActionThatWasWritten();
     void givesBackTheLedActionOfAControlWithoutLiveButton();
@@ -339,7 +340,26 @@ void Os2lActionTest::takesLongActionsAtOnce()
     timer.start();
     QCOMPARE(removeos2l("var '$os2l' ? " + conditions + "c"), QString());
     QCOMPARE(removeos2l("var '$os2l' ? " + alternatives + "c"), alternatives.mid(4) + "c");
+    // Replacing one sign after the other in the same text took minutes.
+    const int many = 8 * 1024 * 1024;
+    QCOMPARE(xmlparse(QString(many, '\'')).size(), 6 * many);
+    QCOMPARE(xmlparse(QString(many / 8, '"')).size(), 6 * many / 8);
+    QCOMPARE(xmlparse(QString(" &").repeated(many / 8) + ' ').count("&amp;"), many / 16);
     QVERIFY2(timer.elapsed() < 30000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
+}
+
+void Os2lActionTest::escapesAsIfOneSignAfterTheOther()
+{
+    const QString signs = "'\" &&  ax\n;";
+    QRandomGenerator random(7);
+    for (int round = 0; round < 20000; ++round) {
+        QString text;
+        for (int length = random.bounded(20); length > 0; --length)
+            text += signs.at(random.bounded(signs.size()));
+        QString expected = text;
+        expected.replace("'", "&apos;").replace("\"", "&quot;").replace(" & ", " &amp; ");
+        QCOMPARE(xmlparse(text), expected);
+    }
 }
 
 void Os2lActionTest::givesBackEveryActionThatWasWritten()

@@ -25,6 +25,24 @@ private slots:
         });
     }
 
+    void page_name_may_have_any_characters()
+    {
+        Stories::tell([] {
+            // Keys of the layout with and without Shift, others of Latin-1, and four scripts beyond.
+            const QString name = QStringLiteral("Größe ½ {#1} Ночь 夜 ☾ 🌙");
+            StoryUser user;
+            user.open();
+            user.loadshow("Demo Show");
+            user.dragbutton(1, 1);
+            user.filledit("padsname", name);
+            user.picturesettled("named");
+            user.exportpads();
+            const QByteArray page = Stories::golden("close.xml").replace("Still here", name.toUtf8());
+            user.expectfile(user.home().page(name), page);
+            user.closeandconfirm();
+        });
+    }
+
 private:
     static void start(StoryUser& user)
     {

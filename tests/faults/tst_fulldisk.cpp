@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int page = 4096; ///< what a disk in memory gives out
+constexpr qint64 page = 4096; ///< what a disk in memory gives out
 constexpr int diskpages = 64;
 
 const TestHome* testhome = nullptr;
@@ -73,8 +73,10 @@ void FullDiskTest::keepsAWholeFileWhereverTheDiskIsFull()
 
 void FullDiskTest::keepsAWholeFileOnASmallDisk()
 {
-    if (!smalldisk)
-        QSKIP("This machine lets nobody mount a small disk");
+    if (!smalldisk) {
+        QTest::qSkip("This machine lets nobody mount a small disk", __FILE__, __LINE__);
+        return;
+    }
     QFETCH(int, kind);
     QFETCH(bool, earlier);
     const Session session(*testhome, Write(kind));
@@ -85,7 +87,7 @@ void FullDiskTest::keepsAWholeFileOnASmallDisk()
         putback(session, earlier, before);
         QFile filling(ballast);
         QVERIFY(filling.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        while (filling.write(QByteArray(page, 'b')) == page) {
+        while (filling.write(QByteArray(int(page), 'b')) == page) {
         }
         // The last page may have been cut short; the disk is full to the last byte here.
         QVERIFY(filling.resize(filling.size() / page * page - room * page));
@@ -102,7 +104,7 @@ void FullDiskTest::keepsAWholeFileOnASmallDisk()
 int main(int argc, char* argv[])
 {
     const TestHome home;
-    const SmallDisk disk(home.path(QStringLiteral("Documents")), diskpages * page / 1024);
+    const SmallDisk disk(home.path(QStringLiteral("Documents")), int(diskpages * page / 1024));
     testhome = &home;
     smalldisk = disk.ismounted();
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

@@ -1,8 +1,11 @@
 // The reader of light shows: any file within bounds, a plain one as the toolkit's own settings tell it.
 
 #include "lightshow.h"
+
+#include "bounds.h"
 #include "fuzz.h"
 
+#include <QRegularExpression>
 #include <QSettings>
 
 #include <algorithm>
@@ -14,6 +17,17 @@ bool isplain(const QByteArray& text)
 {
     return std::all_of(text.cbegin(), text.cend(),
                        [](char sign) { return sign > 0 && sign != '@' && sign != '\\'; });
+}
+
+/// \a records with no blank around a comma. Where a value stands without quotes, the toolkit takes its parts
+/// for a list and drops the blanks.
+QList<Record> withoutlistblanks(QList<Record> records)
+{
+    static const QRegularExpression comma(QStringLiteral("\\s*,\\s*"));
+    for (Record& record : records)
+        for (QString& value : record)
+            value.replace(comma, QStringLiteral(","));
+    return records;
 }
 
 Record groupof(QSettings* settings, const QString& group, Record record)
@@ -63,8 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Fuzz::InputFile file(text, QStringLiteral("ini"));
     const auto show = Fuzz::intime([&] { return show::readlightshow(file.path()); });
     Fuzz::require(show && !show->pages.isEmpty(), "a file that is there gives a show");
-    Fuzz::require(show->pages.size() <= show::maxLivePages + 1 &&
-                      show->buttons.size() <= show::maxLiveButtons,
+    Fuzz::require(show->pages.size() <= maxLivePages + 1 && show->buttons.size() <= maxLiveButtons,
                   "a show stays within its bounds");
     for (int id = 0; id < show->buttons.size(); ++id) {
         const Record& button = show->buttons.at(id);
@@ -74,8 +87,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (isplain(text) && show->pages.size() + show->buttons.size() < Fuzz::fewElements) {
         const show::LightShow expected = literally(file.path());
-        Fuzz::require(show->pages == expected.pages, "pages are read as they stand");
-        Fuzz::require(show->buttons == expected.buttons, "buttons are read as they stand");
+        Fuzz::require(withoutlistblanks(show->pages) == withoutlistblanks(expected.pages),
+                      "pages are read as they stand");
+        Fuzz::require(withoutlistblanks(show->buttons) == withoutlistblanks(expected.buttons),
+                      "buttons are read as they stand");
     }
     return 0;
 }

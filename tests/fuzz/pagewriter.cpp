@@ -17,7 +17,7 @@ padspage::PadsPage pageof(const QStringList& lines)
     for (int line = 9; line < lines.size(); line += 3) {
         if (line % 2 == 1)
             page.pads.append(QVector<padspage::PadsPagePad>());
-        const QString text = lines.at(line);
+        const QString& text = lines.at(line);
         page.pads.last().append({text.isEmpty() ? 0 : 1, text, lines.value(line + 2), lines.value(line + 1)});
     }
     return page;

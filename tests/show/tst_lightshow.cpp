@@ -146,6 +146,17 @@ private slots:
     void aChangedFileIsReadAnew();
     void theDemoShowIsRead();
 
+    void anAtSignInAKeyIsPlainText();
+    void aShowIsReadUpToItsLargestSize();
+    void aShowOfTooManyLinesIsNotRead();
+    void filesWithoutAnEndAreNotRead_data();
+    void filesWithoutAnEndAreNotRead();
+    void pagesThatShareTheirButtonsAreReadUpToABound();
+    void longNamesAreCut();
+    void oddFilesAreReadSoon_data();
+    void oddFilesAreReadSoon();
+    void readingManyShowsKeepsNoneInMemory();
+
     void buttonsperpageComparesTheTextOfTheNumber();
 
     // A title that QSettings takes for a stored object. Last, as failing here means to end.
@@ -492,6 +503,25 @@ void TestLightShow::titles_data()
     QTest::newRow("comma without blank") << QByteArray("Red,Blue") << "Red,Blue";
     QTest::newRow("comma with blanks around") << QByteArray("Red , Blue") << "Red , Blue";
     QTest::newRow("three parts") << QByteArray("One, two,three") << "One, two,three";
+    QTest::newRow("commas and many blanks") << QByteArray("Red ,  Blue,\tGreen  ") << "Red ,  Blue,\tGreen";
+    QTest::newRow("commas alone") << QByteArray(",,") << ",,";
+    QTest::newRow("comma at the end") << QByteArray("Red, ") << "Red,";
+    QTest::newRow("commas between digits") << QByteArray("1,2,777,8") << "1,2,777,8";
+    QTest::newRow("commas between quotes") << QByteArray("\"1\",\"2\"") << "1,2";
+    QTest::newRow("comma behind quotes, blanks at the end") << QByteArray("\"Red\",Blue  ") << "Red,Blue";
+    QTest::newRow("escaped comma") << QByteArray("Red\\x2c\\54Blue") << "Red,,Blue";
+    QTest::newRow("digits behind an accent") << QByteArray("\xe9"
+                                                           "77 \xc3\xa9"
+                                                           "7")
+                                             << QString::fromLatin1("\xe9"
+                                                                    "77 \xc3\xa9"
+                                                                    "7");
+    QTest::newRow("digits behind a UTF-8 accent") << QByteArray("\xc3\xa9"
+                                                                "10")
+                                                  << QString::fromUtf8("\xc3\xa9"
+                                                                       "10");
+    QTest::newRow("digits behind an at sign") << QByteArray("@1, @2") << "@1, @2";
+    QTest::newRow("accent behind a backslash") << QByteArray("a\\\xc3\xa9") << QString("a") + QChar(0xA9);
     QTest::newRow("quoted comma") << QByteArray("\"Red,Blue\"") << "Red,Blue";
     QTest::newRow("quoted and unquoted comma") << QByteArray("\"Red,Blue\",Green") << "Red,Blue,Green";
     QTest::newRow("comma and accents") << QByteArray("Caf\xe9, Caf\\xe9") << cafe + ", " + cafe;
@@ -840,6 +870,146 @@ void TestLightShow::theDemoShowIsRead()
     QCOMPARE(column(show->buttons, "color").mid(0, 2), QStringList({"#FF0000", "#000000"}));
 }
 
+void TestLightShow::anAtSignInAKeyIsPlainText()
+{
+    QCOMPARE(line(read(oneButton("a@b=1\nc\\x40=2\nd\\100=3\n\xe9=4")).buttons.value(0)),
+             QString("a@b=1|buttonid=0|c/x40=2|check=0|color=#ffffff|d/100=3|pageid=1|") + QChar(0xE9) +
+                 "=4");
+}
+
+void TestLightShow::aShowIsReadUpToItsLargestSize()
+{
+    const QByteArray show = oneButton("title=Strobe") + ";";
+    for (const int more : {0, 1}) {
+        const QString path = write(show + QByteArray(maxLightShowSize - show.size() + more, 'x'));
+        QCOMPARE(readlightshow(path).has_value(), more == 0);
+        QFile::remove(path);
+    }
+}
+
+void TestLightShow::aShowOfTooManyLinesIsNotRead()
+{
+    for (const int more : {0, 1}) {
+        // Every line counts that names a group or gives a value, no other one.
+        const QString path = write("[page]\n;no\nno\n\nnumber=1\n" +
+                                   QByteArray("[x]\na=1\n").repeated((maxLightShowLines - 2) / 2) +
+                                   QByteArray("a=1\n").repeated(more));
+        QCOMPARE(readlightshow(path).has_value(), more == 0);
+        QFile::remove(path);
+    }
+}
+
+void TestLightShow::filesWithoutAnEndAreNotRead_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("device") << QStringLiteral("/dev/zero");
+    QTest::newRow("file of the system that tells no size") << QStringLiteral("/proc/self/pagemap");
+    QTest::newRow("file that cannot be read") << QStringLiteral("/proc/self/mem");
+    const QString sparse = m_folder.filePath("sparse.ini");
+    QFile::remove(sparse);
+    QFile(sparse).open(QIODevice::WriteOnly);
+    QFile::resize(sparse, qint64(3) << 30);
+    QTest::newRow("sparse file of 3 GB") << sparse;
+}
+
+void TestLightShow::filesWithoutAnEndAreNotRead()
+{
+    QFETCH(QString, path);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!readlightshow(path));
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestLightShow::pagesThatShareTheirButtonsAreReadUpToABound()
+{
+    QByteArray text = "[page]\nnumber=1000\n";
+    for (int page = 1; page <= maxLivePages; ++page)
+        text += "[page" + QByteArray::number(page) + "]\npageid=1\nnb_buttons=1\n";
+    text += "[page1_button1]\n";
+    for (int key = 0; key < 3000; ++key)
+        text += "k" + QByteArray::number(key) + "=v\n";
+    const LightShow show = read(text);
+    QCOMPARE(damage(show), QString());
+    QCOMPARE(show.buttons.value(0).size(), 3000 + 4);
+    int values = 0;
+    for (const Record& button : show.buttons)
+        values += button.size() - 4;
+    QVERIFY(values > maxShowValues - 10000 && values <= maxShowValues);
+
+    // The same with few values, but long ones. An "@" makes every copy one of its own.
+    text.replace("k1=v", "title=" + QByteArray(1000000, '@'));
+    int characters = 0;
+    for (const Record& button : read(text).buttons)
+        characters += button.value("title").size();
+    QVERIFY(characters <= maxShowCharacters);
+}
+
+void TestLightShow::longNamesAreCut()
+{
+    const LightShow show =
+        read("[page]\nnumber=1\n[page1]\nnb_buttons=2\nname=" + QByteArray(maxShownLength, 'n') +
+             "m\n[page1_button1]\ntitle=" + QByteArray(maxTitleLength, 't') +
+             "u\n[page1_button2]\ntitle=" + QByteArray(maxTitleLength - 1, 't') +
+             "\xf0\x9f\x98\x80\nother=" + QByteArray(maxTitleLength, 't') + "u\n");
+    QCOMPARE(show.pages.value(1).value("name"), QString(maxShownLength, 'n'));
+    QVERIFY(show.buttons.value(0).value("title") == QString(maxTitleLength, 't'));
+    // No half character is left.
+    QVERIFY(show.buttons.value(1).value("title") == QString(maxTitleLength - 1, 't'));
+    QCOMPARE(show.buttons.value(1).value("other").size(), maxTitleLength + 1);
+}
+
+void TestLightShow::oddFilesAreReadSoon_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    constexpr int size = maxLightShowSize / 4;
+    const auto row = [](const char* name, const QByteArray& part) {
+        QTest::newRow(name) << part.repeated(size / part.size());
+    };
+    row("groups left open", "[\n");
+    row("groups", "[x]\n");
+    row("quotes", "\"");
+    row("backslashes", "\\");
+    row("commas", "a=,,,,,,,,\n");
+    row("comments", ";\n");
+    row("bytes that are no UTF-8", "a=\xff\xfe\n");
+    row("escapes", "a=\\xe9\\0\n");
+    QTest::newRow("one value of commas") << "a=" + QByteArray(size - 2, ',');
+    QTest::newRow("one value of accents") << "a=" + QByteArray(size - 2, '\xe9');
+    QTest::newRow("one group's name") << '[' + QByteArray(size - 1, 'x');
+    QTest::newRow("one key") << QByteArray(size - 1, '\xe9') + '=';
+}
+
+void TestLightShow::oddFilesAreReadSoon()
+{
+    QFETCH(QByteArray, text);
+    const QString path = write(text);
+    QElapsedTimer timer;
+    timer.start();
+    readlightshow(path);
+    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+    QFile::remove(path);
+}
+
+void TestLightShow::readingManyShowsKeepsNoneInMemory()
+{
+    QFile status("/proc/self/statm");
+    if (!status.open(QIODevice::ReadOnly))
+        QSKIP("This system does not tell how much memory a program takes.");
+    const auto pages = [&status] {
+        status.seek(0);
+        return status.readLine().split(' ').value(1).toInt();
+    };
+    const QByteArray text = oneButton("title=x\n" + QByteArray("k=v\n").repeated(10)) + "[x]\n" +
+                            "title=" + QByteArray(4000000, 'x');
+    QCOMPARE(read(text).buttons.size(), 1);
+    const int before = pages();
+    for (int round = 0; round < 25; ++round)
+        QCOMPARE(read(text).buttons.size(), 1);
+    // Kept, the shows would take at least 25 times 4,000 kB.
+    QVERIFY2((pages() - before) * 4 < 20000, qPrintable(QString::number((pages() - before) * 4)));
+}
+
 void TestLightShow::buttonsperpageComparesTheTextOfTheNumber()
 {
     const QList<Record> buttons{{{"pageid", "1"}},  {{"pageid", "2"}},  {{"pageid", "1"}}, {{"pageid", "01"}},
@@ -892,6 +1062,13 @@ void TestLightShow::anAtSignIsPlainTextInEveryForm_data()
     QTest::newRow("octal") << QByteArray("\\100Home") << "@Home";
     QTest::newRow("octal, beyond 16 bits") << QByteArray("\\200100Home") << "@Home";
     QTest::newRow("octal, before a letter that is a hexadecimal digit") << QByteArray("\\100able") << "@able";
+    QTest::newRow("hexadecimal, a nine far beyond")
+        << QByteArray("\\x90040Rect(1 2 3 4)") << "@Rect(1 2 3 4)";
+    QTest::newRow("octal, a seven far beyond") << QByteArray("\\7000100Rect(1 2 3 4)") << "@Rect(1 2 3 4)";
+    QTest::newRow("octal, before an eight") << QByteArray("\\1008") << "@8";
+    QTest::newRow("octal, before a nine") << QByteArray("\\1009") << "@9";
+    QTest::newRow("hexadecimal, before a letter that is no digit") << QByteArray("\\x40g") << "@g";
+    QTest::newRow("hexadecimal letters") << QByteArray("\\xFfFf0040Size(1 2)") << "@Size(1 2)";
     QTest::newRow("in the middle") << QByteArray("Red\\x40Home") << "Red@Home";
     QTest::newRow("two of them") << QByteArray("\\x40\\x40Home") << "@Home";
     QTest::newRow("an object, every letter escaped")

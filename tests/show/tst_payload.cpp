@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "itemroles.h"
 #include "payload.h"
 
@@ -107,6 +108,8 @@ private slots:
     void brokenColorsAreRefused_data();
     void brokenColorsAreRefused();
     void everyCutOfAPayloadIsRefused();
+    void everyKindOfColorGivesSixDigits();
+    void aPayloadBeyondItsLargestSizeIsRefused();
 };
 
 void TestPayload::theListFormatComesFirst()
@@ -379,6 +382,11 @@ void TestPayload::brokenColorsAreRefused_data()
     QTest::newRow("one byte short") << rgb("00", "00", "00").chopped(1);
     QTest::newRow("a second one cut short") << rgb("00", "00", "00") + hex("01 ffff");
     QTest::newRow("text") << QByteArray("#ff0000");
+    QTest::newRow("of no kind") << hex("06 ffff 0000 0000 0000 0000");
+    QTest::newRow("of kind minus one") << hex("ff ffff 0000 0000 0000 0000");
+    QTest::newRow("of kind 127") << hex("7f ffff 0000 0000 0000 0000");
+    QTest::newRow("a second one of no kind") << rgb("00", "00", "00") + hex("40 ffff 0000 0000 0000 0000");
+    QTest::newRow("as long as colours, but a text") << QByteArray("eleven sign");
 }
 
 void TestPayload::brokenColorsAreRefused()
@@ -401,6 +409,29 @@ void TestPayload::everyCutOfAPayloadIsRefused()
     for (int size = 0; size < colors.size(); ++size)
         QVERIFY2(!decodepayload(mime(list, colors.left(size)).get(), listCount),
                  qPrintable(QString::number(size)));
+}
+
+void TestPayload::everyKindOfColorGivesSixDigits()
+{
+    const QRegularExpression digits("^#[0-9a-f]{6}$");
+    for (int kind = 0; kind <= 5; ++kind) {
+        for (const char* words : {"0000000000000000ffff", "ffffffffffffffffffff", "7fff80008000ffff0001",
+                                  "ffff7e00fe007c00fc00", "12348ca08ca18c9f0000"}) {
+            const QByteArray color = QByteArray(1, static_cast<char>(kind)) + hex(words);
+            const auto payload = decodepayload(mime(letters("12345"), color).get(), 5);
+            QVERIFY(!payload || digits.match(payload->color).hasMatch());
+        }
+    }
+}
+
+void TestPayload::aPayloadBeyondItsLargestSizeIsRefused()
+{
+    const QByteArray color = rgb("00", "00", "00");
+    const QByteArray many = hex("ffffffff").repeated(maxPayloadSize / 4);
+    QVERIFY(decodepayload(mime(many, color).get(), 7));
+    QVERIFY(!decodepayload(mime(many + hex("ffffffff"), color).get(), 7));
+    QVERIFY(decodepayload(mime(letters("1234567"), color.repeated(maxPayloadSize / 11)).get(), 7));
+    QVERIFY(!decodepayload(mime(letters("1234567"), color.repeated(maxPayloadSize / 11 + 1)).get(), 7));
 }
 
 QTEST_GUILESS_MAIN(TestPayload)

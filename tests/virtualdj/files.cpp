@@ -15,9 +15,9 @@ QString text(const QXmlStreamAttributes& attributes, const char* name)
     return attributes.value(QLatin1String(name)).toString();
 }
 
-/// Reads a document whose root element is \a root: hands the root's attributes to \a begin and every child, which
-/// it must read or skip, to \a child. The reason when the document is not well-formed or another one; empty
-/// otherwise.
+/// Reads a document whose root element is \a root: hands the root's attributes to \a begin and every child,
+/// which it must read or skip, to \a child. The reason when the document is not well-formed or another one;
+/// empty otherwise.
 QString readdocument(const QByteArray& bytes, const QString& root,
                      const std::function<void(const QXmlStreamAttributes&)>& begin,
                      const std::function<void(QXmlStreamReader*)>& child)

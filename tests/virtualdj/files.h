@@ -65,7 +65,8 @@ struct Device
     QStringList colors; ///< of a device that is not full RGB
     int offColor = 0;   ///< default, index in `colors`
     int onColor = 0;
-    QList<Control> controls; ///< pads first, then buttons, then the others; each kind in the order of the file
+    QList<Control>
+        controls; ///< pads first, then buttons, then the others; each kind in the order of the file
 };
 
 /// Reads the layout file \a path; ends the test program when it cannot.

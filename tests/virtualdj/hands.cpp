@@ -1,8 +1,11 @@
 #include "hands.h"
 
+#include "testdialogs.h"
 #include "testfiles.h"
+#include "testshows.h"
 
 #include <QColorDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QRadioButton>
@@ -40,7 +43,8 @@ QString initext(const QString& title)
 
 Hands::Hands(const TestHome& home, QList<LiveButton> buttons)
     : m_home(home), m_buttons(std::move(buttons)), m_list(m_window.child<QTableView>("dmxlistview")),
-      m_pads(m_window.child<QTableView>("vdjlistview")), m_cells(m_window.child<QTableView>("tablecontroller"))
+      m_pads(m_window.child<QTableView>("vdjlistview")),
+      m_cells(m_window.child<QTableView>("tablecontroller"))
 {
     TestPage live{QStringLiteral("Stage"), {}};
     for (const LiveButton& button : qAsConst(m_buttons))
@@ -50,7 +54,6 @@ Hands::Hands(const TestHome& home, QList<LiveButton> buttons)
         Dialogs dialogs({Answers::choose(show)});
         call("on_loadini_clicked");
     }
-    m_window.showready();
     page.name = QStringLiteral("OS2L DMX");
     for (std::size_t bank = 0; bank < page.bankNames.size(); ++bank)
         page.bankNames.at(bank) = QStringLiteral("BANK %1").arg(bank + 1);
@@ -62,9 +65,10 @@ void Hands::call(const char* slot)
         qFatal("The window has no slot %s", slot);
 }
 
-void Hands::turntopads() { QTest::mouseClick(m_window.child<QRadioButton>("radio_outputpage"), Qt::LeftButton); }
-
-void Hands::turntomidi() { QTest::mouseClick(m_window.child<QRadioButton>("radio_outputmidi"), Qt::LeftButton); }
+void Hands::turntomidi()
+{
+    QTest::mouseClick(m_window.child<QRadioButton>("radio_outputmidi"), Qt::LeftButton);
+}
 
 void Hands::choosesixteen(bool sixteen)
 {
@@ -103,8 +107,8 @@ QModelIndex Hands::cellindex(const Place& place) const
     return m_cells->model()->index(place.first, place.second);
 }
 
-/// Drags with the payload that the list or grid makes. A drag or drop that the view would not begin or accept is a
-/// fault of the test.
+/// Drags with the payload that the list or grid makes. A drag or drop that the view would not begin or accept
+/// is a fault of the test.
 void Hands::drop(const QModelIndex& source, const QModelIndex& target)
 {
     if (!source.flags().testFlag(Qt::ItemIsDragEnabled) || !target.flags().testFlag(Qt::ItemIsDropEnabled))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "testhome.h"
 #include "testwindow.h"
 #include "work.h"
 
@@ -9,8 +10,8 @@
 
 #include <memory>
 
-/// A user at the real window, and beside it a plain account of what that user has dropped where. The account never
-/// looks at the window: it is what the judge compares the written files with.
+/// A user at the real window, and beside it a plain account of what that user has dropped where. The account
+/// never looks at the window: it is what the judge compares the written files with.
 class Hands
 {
 public:
@@ -25,8 +26,6 @@ public:
 
     // The pads page. Banks (0 to 7) and pads (0 to 15) count from 0.
 
-    /// Chooses the output, as the two radio buttons do.
-    void turntopads();
     void choosesixteen(bool sixteen);
     void namepage(const QString& name);
     void namebank(int bank, const QString& name);
@@ -39,9 +38,11 @@ public:
 
     // The controller
 
+    /// Chooses the controller as output, in place of the pads page.
     void turntomidi();
     void choosedevice(const QString& name);
-    /// Chooses a mapping by its text; empty: the first one, for OS2L alone. \a file is what it is read from.
+    /// Chooses a mapping by its text; empty: the first one, for OS2L alone. \a factory is what its controls
+    /// do.
     void choosemapping(const QString& name, const VirtualDj::FactoryActions& factory);
     void choosedefaults(int off, int on);
     void cleancells();
@@ -99,6 +100,6 @@ private:
     bool m_switchlocked = false; ///< the switch takes no drops until the device is chosen anew
 };
 
-/// The text \a title as a value of live.ini. Of the control characters it knows tab, line break and 1, which no
-/// hexadecimal digit may follow.
+/// The text \a title as a value of live.ini. Of the control characters it knows tab, line break and 1, which
+/// no hexadecimal digit may follow.
 QString initext(const QString& title);

@@ -82,16 +82,18 @@ void Judge::complain(const QString& what)
         complaints.append(what);
 }
 
-Script Judge::script(const QString& where, const QString& text)
+const Script& Judge::script(const QString& where, const QString& text)
 {
-    Script script = parse(text);
-    if (script.tooLong)
+    auto found = m_scripts.find(text);
+    if (found == m_scripts.end())
+        found = m_scripts.emplace(text, parse(text)).first;
+    if (found->second.tooLong)
         complain(where + QStringLiteral(" has a script that is too long for VirtualDJ"));
-    return script;
+    return found->second;
 }
 
-/// Compares what a press does with what it should do, and sends its messages: a button is on when pressed and off
-/// when released (os2l.org; that the release ends what the press has begun is our assumption).
+/// Compares what a press does with what it should do, and sends its messages: a button is on when pressed and
+/// off when released (os2l.org; that the release ends what the press has begun is our assumption).
 void Judge::press(const QString& where, const Effects& does, const Effects& should)
 {
     ++presses;
@@ -177,8 +179,8 @@ void Judge::pagein(const PadsPageFile& file, const PageWork& work)
     }
 }
 
-/// Judges all that is shown and done in the bank with \a index among the used ones; one that is no index shows and
-/// does nothing.
+/// Judges all that is shown and done in the bank with \a index among the used ones; one that is no index
+/// shows and does nothing.
 void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, World* world)
 {
     const QList<int> used = work.usedbanks();
@@ -201,8 +203,8 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Wo
         const QString text = content ? taken(content->text, &deviations) : QString();
         const QString label = shownname(pad->name, world);
         if (label != text)
-            complain(padwhere + QStringLiteral(": shows \"") + label + QStringLiteral("\" instead of \"") + text +
-                     QLatin1Char('"'));
+            complain(padwhere + QStringLiteral(": shows \"") + label + QStringLiteral("\" instead of \"") +
+                     text + QLatin1Char('"'));
         const Value color = ask(script(padwhere, pad->color).chain, world);
         const QColor paint = content ? QColor(content->color) : QColor(0, 0, 0, 0);
         const bool painted = color.kind == Value::Kind::Color;
@@ -216,13 +218,13 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Wo
     }
 }
 
-/// Goes through the banks with the parameter, up and down and past both ends, on one deck; the other deck stays
-/// where it is. Then looks at the page with a bank number that another page has left behind.
+/// Goes through the banks with the parameter, up and down and past both ends, on one deck; the other deck
+/// stays where it is. Then looks at the page with a bank number that another page has left behind.
 void Judge::turns(const PadsPageFile& file, const PageWork& work)
 {
     const QList<int> used = work.usedbanks();
     const int count = used.size();
-    const Chain parameter = script(QStringLiteral("the parameter"), file.parameters.value(1).action).chain;
+    const Chain& parameter = script(QStringLiteral("the parameter"), file.parameters.value(1).action).chain;
     Desk desk;
     const auto turn = [&](int direction, int from, int to) {
         desk.turned = direction;
@@ -289,8 +291,8 @@ void Judge::mapping(const QByteArray& bytes, const MappingWork& work)
 namespace {
 
 /// What \a control should do while the variable of the switch is \a os2l.
-Effects shoulddo(const MappingWork& work, const Control& control, const Chain& factory, int os2l, World* world,
-                 Deviations* deviations)
+Effects shoulddo(const MappingWork& work, const Control& control, const Chain& factory, int os2l,
+                 World* world, Deviations* deviations)
 {
     const MappingWork::Cell cell = work.cellof(control);
     const bool cells = control.type == Control::Type::Pad || control.type == Control::Type::Button;
@@ -355,8 +357,8 @@ Light buttonlight(const MappingWork& work, const Control& control, bool on)
 }
 
 /// What the light of \a control should show while the variable of the switch is \a os2l.
-Light shouldshow(const MappingWork& work, const Control& control, const Chain& factory, int os2l, World* world,
-                 Deviations* deviations)
+Light shouldshow(const MappingWork& work, const Control& control, const Chain& factory, int os2l,
+                 World* world, Deviations* deviations)
 {
     const MappingWork::Cell cell = work.cellof(control);
     if (work.combined && work.isswitch(control))
@@ -387,8 +389,8 @@ States statesof(const Chain& script, const Chain& factory, int os2l)
 
 void Judge::control(const MappingFile& file, const MappingWork& work, const Control& one, int os2l)
 {
-    const Chain does = script(one.name, file.actions.value(one.name)).chain;
-    const Chain factory = parse(work.factory.value(one.name)).chain;
+    const Chain& does = script(one.name, file.actions.value(one.name)).chain;
+    const Chain& factory = script(one.name, work.factory.value(one.name)).chain;
     States states = statesof(does, factory, os2l);
     int left = maxStates;
     do {
@@ -396,7 +398,8 @@ void Judge::control(const MappingFile& file, const MappingWork& work, const Cont
         const Effects should = shoulddo(work, one, factory, os2l, &states, &deviations);
         states.restart();
         const Effects did = perform(does, &states);
-        press(did == should ? one.name : one.name + QStringLiteral(" with ") + states.describe(), did, should);
+        press(did == should ? one.name : one.name + QStringLiteral(" with ") + states.describe(), did,
+              should);
     } while (states.next() && --left > 0);
     if (left == 0)
         complain(one.name + QStringLiteral(" has too many states"));
@@ -404,8 +407,8 @@ void Judge::control(const MappingFile& file, const MappingWork& work, const Cont
 
 void Judge::light(const MappingFile& file, const MappingWork& work, const Control& one, int os2l)
 {
-    const Chain shows = script(one.led, file.actions.value(one.led)).chain;
-    const Chain factory = parse(work.factory.value(one.led)).chain;
+    const Chain& shows = script(one.led, file.actions.value(one.led)).chain;
+    const Chain& factory = script(one.led, work.factory.value(one.led)).chain;
     States states = statesof(shows, factory, os2l);
     int left = maxStates;
     do {

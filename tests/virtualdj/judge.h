@@ -7,10 +7,12 @@
 #include <QList>
 #include <QStringList>
 
+#include <map>
+
 namespace VirtualDj {
 
-/// Presses every pad and control of a file in every bank and state, asks every light, sends what comes of it to a
-/// lighting program over OS2L, and compares all that with what the user had done.
+/// Presses every pad and control of a file in every bank and state, asks every light, sends what comes of it
+/// to a lighting program over OS2L, and compares all that with what the user had done.
 class Judge
 {
 public:
@@ -35,7 +37,7 @@ private:
     void complain(const QString& what);
     void press(const QString& where, const Effects& does, const Effects& should);
     void comparesent(const QString& where);
-    Script script(const QString& where, const QString& text);
+    const Script& script(const QString& where, const QString& text);
     void pagein(const PadsPageFile& file, const PageWork& work);
     void bankof(const PadsPageFile& file, const PageWork& work, int index, World* world);
     void turns(const PadsPageFile& file, const PageWork& work);
@@ -46,11 +48,12 @@ private:
     Os2l::LightShow m_show;
     Os2l::Sender m_sender;
     QList<Os2l::Event> m_awaited;
-    int m_left = 0; ///< complaints that the file may still give
+    std::map<QString, Script> m_scripts; ///< by text; most of them come again and again
+    int m_left = 0;                      ///< complaints that the file may still give
 };
 
-/// VirtualDJ's memory: global variables ("$...") and, for each deck, those of the deck (VDJScript documentation).
-/// No factory question is true, no light blinks, no button is active.
+/// VirtualDJ's memory: global variables ("$...") and, for each deck, those of the deck (VDJScript
+/// documentation). No factory question is true, no light blinks, no button is active.
 class Desk : public World
 {
 public:
@@ -73,8 +76,9 @@ private:
     QMap<QString, int> m_variables;
 };
 
-/// Every state of the world that scripts can tell apart, one after the other: whatever is asked for is taken in
-/// each of its possible values. Variables are 0, each number that a script compares them with, and another one.
+/// Every state of the world that scripts can tell apart, one after the other: whatever is asked for is taken
+/// in each of its possible values. Variables are 0, each number that a script compares them with, and another
+/// one.
 class States : public World
 {
 public:

@@ -1,5 +1,5 @@
-// virtualdj_judge FILE EXPECTATION: judges a file that Lumipad has written by what is written down in JSON about
-// it, and ends with 0 when nothing is wrong with it.
+// virtualdj_judge FILE EXPECTATION: judges a file that Lumipad has written by what is written down in JSON
+// about it, and ends with 0 when nothing is wrong with it.
 
 #include "judge.h"
 

@@ -87,12 +87,12 @@ qint64 LightShow::tell(const QString& button, bool on)
 {
     if (!connected())
         return 0;
-    const QByteArray bytes =
-        QJsonDocument(QJsonObject{{QStringLiteral("evt"), QStringLiteral("feedback")},
-                                  {QStringLiteral("name"), button},
-                                  {QStringLiteral("page"), QString()},
-                                  {QStringLiteral("state"), on ? QStringLiteral("on") : QStringLiteral("off")}})
-            .toJson(QJsonDocument::Compact);
+    const QByteArray bytes = QJsonDocument(QJsonObject{{QStringLiteral("evt"), QStringLiteral("feedback")},
+                                                       {QStringLiteral("name"), button},
+                                                       {QStringLiteral("page"), QString()},
+                                                       {QStringLiteral("state"),
+                                                        on ? QStringLiteral("on") : QStringLiteral("off")}})
+                                 .toJson(QJsonDocument::Compact);
     m_socket->write(bytes);
     m_socket->waitForBytesWritten(patience);
     return bytes.size();

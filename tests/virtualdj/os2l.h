@@ -11,17 +11,17 @@
 
 #include <memory>
 
-/// OS2L, the way from VirtualDJ to a lighting program: JSON objects over TCP (os2l.org). Only what the tests need:
-/// the loopback interface, one connection, no search by DNS-SD.
+/// OS2L, the way from VirtualDJ to a lighting program: JSON objects over TCP (os2l.org). Only what the tests
+/// need: the loopback interface, one connection, no search by DNS-SD.
 namespace Os2l {
 
-/// Cuts a stream of bytes into the JSON objects that it holds. Nothing is said to stand between them, so an object
-/// ends with its own closing brace (our assumption).
+/// Cuts a stream of bytes into the JSON objects that it holds. Nothing is said to stand between them, so an
+/// object ends with its own closing brace (our assumption).
 class Objects
 {
 public:
-    /// Takes more bytes of the stream and gives the objects that are whole now. What is no object is given as an
-    /// empty one.
+    /// Takes more bytes of the stream and gives the objects that are whole now. What is no object is given as
+    /// an empty one.
     QList<QJsonObject> feed(const QByteArray& bytes);
 
 private:
@@ -75,8 +75,8 @@ private:
 class Sender
 {
 public:
-    /// Connects to the lighting program as VirtualDJ's option for a direct address does; ends the test program
-    /// when that fails.
+    /// Connects to the lighting program as VirtualDJ's option for a direct address does; ends the test
+    /// program when that fails.
     explicit Sender(quint16 port);
 
     /// `{"evt":"btn","name":...,"page":"","state":"on"}`; an empty page means the master page (os2l.org).

@@ -108,8 +108,8 @@ void setvariable(const QString& name, int value, World* world, Effects* effects)
     effects->append({Effect::Kind::Variable, name, value});
 }
 
-/// `cycle 'x' n`: up by one, n becomes 0 (VDJScript documentation, measured by others). `cycle 'x' -n`: down by
-/// one, below 0 becomes n - 1 (our assumption).
+/// `cycle 'x' n`: up by one, n becomes 0 (VDJScript documentation, measured by others). `cycle 'x' -n`: down
+/// by one, below 0 becomes n - 1 (our assumption).
 int cycled(int value, int count)
 {
     if (count < 0)
@@ -207,8 +207,8 @@ Value ask(const Chain& chain, World* world)
 {
     if (chain.steps.empty())
         return Value();
-    // A chain that ends in a question has that question's value (our assumption), any other one that of its first
-    // step (measured by others).
+    // A chain that ends in a question has that question's value (our assumption), any other one that of its
+    // first step (measured by others).
     const Step& last = chain.steps.back();
     if (last.asks)
         return ask(istrue(askstep(last, world)) ? last.yes : last.no, world);

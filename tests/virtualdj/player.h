@@ -60,16 +60,16 @@ struct Value
 /// Does \a chain as an action.
 Effects perform(const Chain& chain, World* world);
 
-/// Asks \a chain for its value. A missing or empty branch shows nothing (measured by others; that an empty one
-/// stays dark is our assumption).
+/// Asks \a chain for its value. A missing or empty branch shows nothing (measured by others; that an empty
+/// one stays dark is our assumption).
 Value ask(const Chain& chain, World* world);
 
 /// Whether \a value counts as true.
 bool istrue(const Value& value);
 
-/// The text that VirtualDJ shows for the name \a name of a pad or parameter of a pads page: what stands between
-/// back-quotes is a script whose value is shown, the rest is shown as it is (measured by others). An unclosed
-/// back-quote runs to the end (our assumption).
+/// The text that VirtualDJ shows for the name \a name of a pad or parameter of a pads page: what stands
+/// between back-quotes is a script whose value is shown, the rest is shown as it is (measured by others). An
+/// unclosed back-quote runs to the end (our assumption).
 QString shownname(const QString& name, World* world);
 
 /// What a light shows.

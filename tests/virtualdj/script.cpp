@@ -36,8 +36,8 @@ Sign separator(QChar character)
 
 bool isquote(QChar character) { return character == QLatin1Char('\'') || character == QLatin1Char('"'); }
 
-/// The signs "?", ":", "&", "(" and ")" separate everywhere outside quotes, with or without blanks (measured by
-/// others). Both kinds of quotes are the same; a quotation ends at the next of its kind, as no escape is
+/// The signs "?", ":", "&", "(" and ")" separate everywhere outside quotes, with or without blanks (measured
+/// by others). Both kinds of quotes are the same; a quotation ends at the next of its kind, as no escape is
 /// documented, and an unclosed one runs to the end (measured by others; end and escape are our assumption).
 std::vector<Token> tokens(const QString& text)
 {
@@ -103,8 +103,9 @@ public:
 private:
     Sign next() const { return m_tokens[m_at].sign; }
 
-    /// Steps joined by "&" (VDJScript documentation). `a & b ? c : d` always does a, b alone is asked, and each
-    /// branch takes its whole chain: in `c ? a : b & d` the d belongs to the false branch (measured by others).
+    /// Steps joined by "&" (VDJScript documentation). `a & b ? c : d` always does a, b alone is asked, and
+    /// each branch takes its whole chain: in `c ? a : b & d` the d belongs to the false branch (measured by
+    /// others).
     Chain chain()
     {
         Chain result;
@@ -114,7 +115,8 @@ private:
                 ++m_at;
                 step.asks = true;
                 step.yes = chain();
-                // In `a ? b ? c : d : e` the ":" goes with the nearest "?" that has none (VDJScript documentation).
+                // In `a ? b ? c : d : e` the ":" goes with the nearest "?" that has none (VDJScript
+                // documentation).
                 if (next() == Sign::Colon) {
                     ++m_at;
                     step.no = chain();
@@ -211,16 +213,11 @@ void collectconstants(const Chain& chain, QMap<QString, QSet<int>>* constants)
 QColor colornamed(const QString& name)
 {
     static const QHash<QString, QColor> names{
-        {QStringLiteral("red"), QColor(255, 0, 0)},
-        {QStringLiteral("green"), QColor(0, 255, 0)},
-        {QStringLiteral("blue"), QColor(0, 0, 255)},
-        {QStringLiteral("white"), QColor(255, 255, 255)},
-        {QStringLiteral("black"), QColor(0, 0, 0)},
-        {QStringLiteral("yellow"), QColor(255, 255, 0)},
-        {QStringLiteral("cyan"), QColor(0, 255, 255)},
-        {QStringLiteral("magenta"), QColor(255, 0, 255)},
-        {QStringLiteral("gray"), QColor(128, 128, 128)},
-        {QStringLiteral("orange"), QColor(255, 128, 0)},
+        {QStringLiteral("red"), QColor(255, 0, 0)},          {QStringLiteral("green"), QColor(0, 255, 0)},
+        {QStringLiteral("blue"), QColor(0, 0, 255)},         {QStringLiteral("white"), QColor(255, 255, 255)},
+        {QStringLiteral("black"), QColor(0, 0, 0)},          {QStringLiteral("yellow"), QColor(255, 255, 0)},
+        {QStringLiteral("cyan"), QColor(0, 255, 255)},       {QStringLiteral("magenta"), QColor(255, 0, 255)},
+        {QStringLiteral("gray"), QColor(128, 128, 128)},     {QStringLiteral("orange"), QColor(255, 128, 0)},
         {QStringLiteral("transparent"), QColor(0, 0, 0, 0)},
     };
     if (name.size() == 7 && name.startsWith(QLatin1Char('#')))
@@ -234,7 +231,8 @@ QColor colornamed(const QString& name)
 QColor dimmed(const QColor& color, int percent)
 {
     const int part = qBound(0, percent, 100);
-    return QColor(color.red() * part / 100, color.green() * part / 100, color.blue() * part / 100, color.alpha());
+    return QColor(color.red() * part / 100, color.green() * part / 100, color.blue() * part / 100,
+                  color.alpha());
 }
 
 } // namespace VirtualDj

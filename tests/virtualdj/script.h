@@ -9,9 +9,10 @@
 
 #include <vector>
 
-/// A small VirtualDJ for the tests: it reads the files that Lumipad writes, as VirtualDJ would, and knows nothing
-/// of how they are written. Every rule names where it is from: VirtualDJ's own documentation, what others
-/// measured in the real program, or our assumption; docs/virtualdj.md lists the same rules with the open doubts.
+/// A small VirtualDJ for the tests: it reads the files that Lumipad writes, as VirtualDJ would, and knows
+/// nothing of how they are written. Every rule names where it is from: VirtualDJ's own documentation, what
+/// others measured in the real program, or our assumption; docs/virtualdj.md lists the same rules with the
+/// open doubts.
 namespace VirtualDj {
 
 /// The verbs whose meaning the pads pages and mappings rest on. Any other verb is `Factory`: one opaque thing
@@ -73,8 +74,8 @@ Script parse(const QString& text);
 /// Adds to \a constants, by the name of the variable, the numbers that \a chain compares variables with.
 void collectconstants(const Chain& chain, QMap<QString, QSet<int>>* constants);
 
-/// The colour that VirtualDJ knows by \a name: "#rrggbb" or one of its named ones; "transparent" is a colour too
-/// (VDJScript documentation). Invalid for any other name.
+/// The colour that VirtualDJ knows by \a name: "#rrggbb" or one of its named ones; "transparent" is a colour
+/// too (VDJScript documentation). Invalid for any other name.
 QColor colornamed(const QString& name);
 
 /// \a color at \a percent of its brightness.

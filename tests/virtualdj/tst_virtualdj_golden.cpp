@@ -61,8 +61,8 @@ void GoldenTest::pressesWhatWasDropped()
     QFETCH(QString, path);
     const QString expectation =
         expectedFolder + QLatin1Char('/') + QLatin1String(QTest::currentDataTag()) + QStringLiteral(".json");
-    QVERIFY2(QFile::exists(expectation), qPrintable("Nobody has written down what " + path +
-                                                    " should do: there is no " + expectation));
+    QVERIFY2(QFile::exists(expectation),
+             qPrintable("Nobody has written down what " + path + " should do: there is no " + expectation));
     m_judge.complaints.clear();
     const qint64 before = m_judge.presses;
     const VirtualDj::Expectation expected =

@@ -1,6 +1,7 @@
 #include "hands.h"
 #include "judge.h"
 #include "testfiles.h"
+#include "testmain.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -30,7 +31,16 @@ struct Row
 };
 
 /// The columns of the table behind sign and name.
-enum Column { PageSends, PageText, PageBanks, MappingSends, MappingLight, MappingFactory, NextFactory, ColumnCount };
+enum Column {
+    PageSends,
+    PageText,
+    PageBanks,
+    MappingSends,
+    MappingLight,
+    MappingFactory,
+    NextFactory,
+    ColumnCount
+};
 
 QString quoted(const QString& text)
 {
@@ -54,7 +64,8 @@ QString unquoted(QString cell)
 QList<Row> documented()
 {
     QList<Row> rows;
-    const QStringList lines = QString::fromUtf8(contents(QStringLiteral(DOCS_DIR "/virtualdj.md"))).split('\n');
+    const QStringList lines =
+        QString::fromUtf8(contents(QStringLiteral(DOCS_DIR "/virtualdj.md"))).split('\n');
     bool inside = false;
     for (const QString& line : lines) {
         QStringList cells = line.split('|');
@@ -132,24 +143,26 @@ QStringList inwords(const Row& row)
         return cell == isRight ? QString() : QString(text);
     };
     const QStringList& cells = row.cells;
-    return {cells.at(PageSends) == broken
-                ? QStringLiteral("the whole page does not load")
-                : words({called(row.name, cells.at(PageSends)),
-                         cells.at(PageSends) == whole ? shown(row.name, cells.at(PageText)) : QString(),
-                         unless(cells.at(PageBanks), "the pad is dead in later banks")}),
-            cells.at(MappingSends) == broken
-                ? QStringLiteral("the whole mapping does not load")
-                : words({called(row.name, cells.at(MappingSends)), unless(cells.at(MappingLight), "its light is wrong"),
-                         unless(cells.at(MappingFactory), "what the pad did before is lost"),
-                         cells.at(MappingFactory) == isRight
-                             ? unless(cells.at(NextFactory), "what the pad did before is lost to the next export")
-                             : QString()})};
+    return {
+        cells.at(PageSends) == broken
+            ? QStringLiteral("the whole page does not load")
+            : words({called(row.name, cells.at(PageSends)),
+                     cells.at(PageSends) == whole ? shown(row.name, cells.at(PageText)) : QString(),
+                     unless(cells.at(PageBanks), "the pad is dead in later banks")}),
+        cells.at(MappingSends) == broken
+            ? QStringLiteral("the whole mapping does not load")
+            : words({called(row.name, cells.at(MappingSends)),
+                     unless(cells.at(MappingLight), "its light is wrong"),
+                     unless(cells.at(MappingFactory), "what the pad did before is lost"),
+                     cells.at(MappingFactory) == isRight
+                         ? unless(cells.at(NextFactory), "what the pad did before is lost to the next export")
+                         : QString()})};
 }
 
 } // namespace
 
-/// What becomes of Live Button names that the files' languages use for themselves. They are written as they stand;
-/// the table in docs/virtualdj.md records what reaches the light show, and the manual tells it.
+/// What becomes of Live Button names that the files' languages use for themselves. They are written as they
+/// stand; the table in docs/virtualdj.md records what reaches the light show, and the manual tells it.
 class NamesTest : public QObject
 {
     Q_OBJECT
@@ -191,7 +204,8 @@ VirtualDj::FactoryActions factoryactions(const VirtualDj::Device& of)
 {
     VirtualDj::Deviations met;
     return VirtualDj::factoryof(
-        VirtualDj::readmapping(contents(QStringLiteral(LAYOUTS_DIR "/") + device + " mapping.xml")), of, &met);
+        VirtualDj::readmapping(contents(QStringLiteral(LAYOUTS_DIR "/") + device + " mapping.xml")), of,
+        &met);
 }
 
 /// Whether \a script does in every state while OS2L is off what the factory's does.
@@ -272,9 +286,11 @@ void NamesTest::observepage(Hands* hands, Row* row)
     const QString shows = VirtualDj::shownname(pad.name, &desk);
     desk.setvariable(QStringLiteral("dmxbank"), 1);
     const QString later = press(pad.action, &desk);
-    row->cells = QStringList{sends == quoted(row->name) ? whole : sends,
-                             shows == row->name ? isRight : quoted(shows),
-                             later == quoted(plain) ? isRight : later == silent ? silent : isWrong};
+    row->cells =
+        QStringList{sends == quoted(row->name) ? whole : sends, shows == row->name ? isRight : quoted(shows),
+                    later == quoted(plain) ? isRight
+                    : later == silent      ? silent
+                                           : isWrong};
 }
 
 void NamesTest::observemapping(Hands* hands, Row* row, VirtualDj::FactoryActions* factory)
@@ -344,7 +360,8 @@ void NamesTest::recordsWhatReachesTheLightShow()
     for (int row = 0; row < observed.size(); ++row) {
         const Row& seen = observed.at(row);
         if (seen.cells != m_documented.at(row).cells)
-            differing.append("| " + seen.sign + " | ``" + quoted(seen.name) + "`` | " + seen.cells.join(" | ") + " |");
+            differing.append("| " + seen.sign + " | ``" + quoted(seen.name) + "`` | " +
+                             seen.cells.join(" | ") + " |");
     }
     if (!differing.isEmpty())
         QTextStream(stdout) << "What was seen:\n" << differing.join('\n') << '\n';
@@ -362,8 +379,8 @@ void NamesTest::manualTellsTheSame()
     const QMap<QString, QStringList> manual = inmanual();
     for (auto row = words.cbegin(); row != words.cend(); ++row) {
         QVERIFY2(manual.value(row.key()) == row.value(),
-                 qPrintable("The manual should tell: " + row.key() + " | " + row.value().join(" | ") + "\nand tells: " +
-                            manual.value(row.key()).join(" | ")));
+                 qPrintable("The manual should tell: " + row.key() + " | " + row.value().join(" | ") +
+                            "\nand tells: " + manual.value(row.key()).join(" | ")));
     }
     QCOMPARE(manual.size(), words.size());
 }
@@ -427,7 +444,8 @@ void NamesTest::ownMappingsBreakTheExport()
     QFETCH(bool, breaks);
     const TestHome home;
     writefile(home.makefolder("Documents/VirtualDJ/Mappers") + "/mine.xml",
-              ("<mapper device=\"APCMINI\"><map value=\"ROW1_PAD2\" action=\"" + action + "\"/></mapper>").toUtf8());
+              ("<mapper device=\"APCMINI\"><map value=\"ROW1_PAD2\" action=\"" + action + "\"/></mapper>")
+                  .toUtf8());
     Hands hands(home, {{plain, "#ff0000"}});
     hands.turntomidi();
     hands.choosedevice(device);

@@ -1,6 +1,7 @@
 #include "hands.h"
 #include "judge.h"
 #include "testfiles.h"
+#include "testmain.h"
 
 #include <QRandomGenerator>
 #include <QTextStream>
@@ -47,17 +48,14 @@ public:
         }
         return chosen;
     }
-    QColor color()
-    {
-        return QColor(below(256), below(256), below(256));
-    }
+    QColor color() { return QColor(below(256), below(256), below(256)); }
 
 private:
     QRandomGenerator m_random;
 };
 
-/// Names that arrive whole or, with two apostrophes, cut: those of every script, with signs of the file's and the
-/// script's own languages among them.
+/// Names that arrive whole or, with two apostrophes, cut: those of every script, with signs of the file's and
+/// the script's own languages among them.
 QStringList plainnames()
 {
     return {QStringLiteral("Strobe"),
@@ -204,6 +202,12 @@ void RandomTest::cleanupTestCase()
 {
     // Qt Test stops to log after many warnings, and the display-less platform warns of every menu.
     QTextStream(stdout) << m_pages << " pages, " << m_mappings << " mappings: " << m_judge.summary() << '\n';
+    // What is tolerated by name must be there, or nobody would notice that it is no longer needed.
+    if (m_pages < pageCount || m_mappings < chainCount * generations)
+        return;
+    const QList<VirtualDj::Deviation> all = VirtualDj::alldeviations();
+    for (const VirtualDj::Deviation deviation : all)
+        QVERIFY2(m_judge.deviations.value(deviation) > 0, qPrintable(VirtualDj::reason(deviation)));
 }
 
 bool RandomTest::judged(const QString& what)
@@ -222,7 +226,8 @@ void RandomTest::workonpads(Hands* hands)
     const QList<int> banks = m_dice.some(QList<int>{0, 1, 2, 3, 4, 5, 6, 7}, 8);
     for (int drops = 1 + m_dice.below(30); drops > 0; --drops) {
         const int bank = m_dice.one(banks);
-        hands->droponpad(m_dice.below(buttons), bank, m_dice.below(m_dice.chance(20) ? 16 : hands->page.padcount()));
+        hands->droponpad(m_dice.below(buttons), bank,
+                         m_dice.below(m_dice.chance(20) ? 16 : hands->page.padcount()));
     }
     for (const int bank : banks) {
         editpads(hands);
@@ -263,7 +268,8 @@ void RandomTest::pagesDoWhatWasDropped()
         if (m_dice.chance(80))
             hands.cleanpads();
         workonpads(&hands);
-        hands.namepage(m_dice.one(QStringList{"OS2L DMX", "Friday %1", QString::fromUtf8("夜 Früh"), "It's"}));
+        hands.namepage(
+            m_dice.one(QStringList{"OS2L DMX", "Friday %1", QString::fromUtf8("夜 Früh"), "It's"}));
         m_judge.page(hands.exportpage(), hands.page);
         QVERIFY(judged(QStringLiteral("page %1").arg(m_pages)));
     }
@@ -276,7 +282,8 @@ void RandomTest::workoncells(Hands* hands, bool separators)
     for (int drops = 1 + m_dice.below(25); drops > 0; --drops)
         hands->droponcell(m_dice.below(buttons), m_dice.one(hands->usablecells()));
     // The side buttons, and the two special cells of the two-colour Launchpads, more often than chance would.
-    for (const Place& place : m_dice.some(QList<Place>{{2, 11}, {5, 11}, {0, 2}, {11, 3}, {2, 0}, {2, 2}, {3, 2}}, 3)) {
+    for (const Place& place :
+         m_dice.some(QList<Place>{{2, 11}, {5, 11}, {0, 2}, {11, 3}, {2, 0}, {2, 2}, {3, 2}}, 3)) {
         if (hands->usablecells().contains(place))
             hands->droponcell(m_dice.below(buttons), place);
     }
@@ -292,7 +299,8 @@ void RandomTest::workoncells(Hands* hands, bool separators)
             hands->toggleswitch(m_dice.one(hands->usablecells()));
             break;
         default:
-            hands->dragcell(m_dice.one(filled), m_dice.one(m_dice.chance(50) ? filled : hands->usablecells()));
+            hands->dragcell(m_dice.one(filled),
+                            m_dice.one(m_dice.chance(50) ? filled : hands->usablecells()));
             break;
         }
         colorcells(hands);
@@ -314,11 +322,12 @@ void RandomTest::colorcells(Hands* hands)
         hands->colorcells(places, on, m_dice.below(hands->midi.device.colors.size() + 1));
 }
 
-/// Chooses what the export builds on: at first nothing, the factory's or an own mapping, then the last export.
+/// Chooses what the export builds on: at first nothing, the factory's or an own mapping, then the last
+/// export.
 void RandomTest::chooseorigin(Hands* hands, Chain* chain)
 {
-    const VirtualDj::MappingFile factory = VirtualDj::readmapping(
-        contents(QStringLiteral(LAYOUTS_DIR "/") + chain->device + " mapping.xml"));
+    const VirtualDj::MappingFile factory =
+        VirtualDj::readmapping(contents(QStringLiteral(LAYOUTS_DIR "/") + chain->device + " mapping.xml"));
     const int own = m_dice.below(2);
     if (!chain->mapping.isEmpty())
         hands->choosemapping(chain->mapping, chain->factory);

@@ -55,7 +55,9 @@ void ScriptTest::does_data()
     // a to e are factory actions; of the questions a to e, b and d are true.
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("effects");
-    const auto row = [](const char* script, const char* effects) { QTest::newRow(script) << script << effects; };
+    const auto row = [](const char* script, const char* effects) {
+        QTest::newRow(script) << script << effects;
+    };
     row("a & c", "[a], [c]");
     row("b ? a : c", "[a]");
     row("a ? b : c", "[c]");
@@ -216,15 +218,24 @@ void ScriptTest::showsScriptsBetweenBackQuotes_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
-    QTest::newRow("plain") << "Strobe" << "Strobe";
-    QTest::newRow("script") << "`get_text 'Strobe'`" << "Strobe";
-    QTest::newRow("empty text") << "`get_text ''`" << "";
-    QTest::newRow("choice") << "`var 'x' 1 ? get_text 'A' : var 'x' 2 ? get_text 'B'`" << "B";
-    QTest::newRow("no branch") << "`var 'x' 1 ? get_text 'A'`" << "";
-    QTest::newRow("mixed") << "Bank `get_text 'A'`!" << "Bank A!";
-    QTest::newRow("back-quote in the text") << "`get_text 'A`B'`" << "AB'";
-    QTest::newRow("unclosed") << "A`get_text 'B'" << "AB";
-    QTest::newRow("empty") << "``" << "";
+    QTest::newRow("plain") << "Strobe"
+                           << "Strobe";
+    QTest::newRow("script") << "`get_text 'Strobe'`"
+                            << "Strobe";
+    QTest::newRow("empty text") << "`get_text ''`"
+                                << "";
+    QTest::newRow("choice") << "`var 'x' 1 ? get_text 'A' : var 'x' 2 ? get_text 'B'`"
+                            << "B";
+    QTest::newRow("no branch") << "`var 'x' 1 ? get_text 'A'`"
+                               << "";
+    QTest::newRow("mixed") << "Bank `get_text 'A'`!"
+                           << "Bank A!";
+    QTest::newRow("back-quote in the text") << "`get_text 'A`B'`"
+                                            << "AB'";
+    QTest::newRow("unclosed") << "A`get_text 'B'"
+                              << "AB";
+    QTest::newRow("empty") << "``"
+                           << "";
 }
 
 void ScriptTest::showsScriptsBetweenBackQuotes()
@@ -239,7 +250,8 @@ void ScriptTest::showsScriptsBetweenBackQuotes()
 void ScriptTest::blinks()
 {
     TestDesk desk;
-    for (const char* script : {"blink ? color 'red' : color 'blue'", "blink 500ms ? color 'red' : color 'blue'"}) {
+    for (const char* script :
+         {"blink ? color 'red' : color 'blue'", "blink 500ms ? color 'red' : color 'blue'"}) {
         desk.lit = true;
         QCOMPARE(lit(script, &desk), QString("#ff0000"));
         desk.lit = false;
@@ -285,7 +297,8 @@ void ScriptTest::survivesAnyText()
          {QStringLiteral("(").repeated(100000), QStringLiteral("a?").repeated(100000),
           QStringLiteral("a?b:").repeated(100000), QStringLiteral("&").repeated(1000), QStringLiteral(")))"),
           QStringLiteral("'"), QStringLiteral("\"'\"'\""), QStringLiteral("a && "), QStringLiteral("& a"),
-          QStringLiteral("cycle & set & toggle & var & color & color 40% & os2l_button & os2l_cmd & get_text")}) {
+          QStringLiteral(
+              "cycle & set & toggle & var & color & color 40% & os2l_button & os2l_cmd & get_text")}) {
         const Script script = parse(text);
         QVERIFY(script.statements <= maxStatements);
         perform(script.chain, &desk);

@@ -22,13 +22,13 @@ struct Spoilt
 /// Whether \a script, or the rest of one, does and shows nothing wherever it leads.
 bool isidle(const QString& script)
 {
-    static const QRegularExpression idle(
-        QStringLiteral("^\\s*(nothing|off|color &apos;(black|transparent)&apos;|get_text &apos;&apos;)?\\s*`?$"));
+    static const QRegularExpression idle(QStringLiteral(
+        "^\\s*(nothing|off|color &apos;(black|transparent)&apos;|get_text &apos;&apos;)?\\s*`?$"));
     return idle.match(script).hasMatch();
 }
 
-/// The ways in which \a piece, one word, sign or quotation of a script as it stands in a file, is spoilt, so that
-/// it must show. \a before and \a after are the rest of the script.
+/// The ways in which \a piece, one word, sign or quotation of a script as it stands in a file, is spoilt, so
+/// that it must show. \a before and \a after are the rest of the script.
 QStringList spoiltpieces(const QString& before, const QString& piece, const QString& after)
 {
     // What is asked is on or off itself.
@@ -38,7 +38,8 @@ QStringList spoiltpieces(const QString& before, const QString& piece, const QStr
         return {QString(), QStringLiteral(":"), QStringLiteral("&amp;")};
     // In front of a last branch that is idle it makes no difference.
     if (piece == QLatin1String(":"))
-        return isidle(after) ? QStringList() : QStringList{QString(), QStringLiteral("?"), QStringLiteral("&amp;")};
+        return isidle(after) ? QStringList()
+                             : QStringList{QString(), QStringLiteral("?"), QStringLiteral("&amp;")};
     if (piece == QLatin1String("&amp;"))
         return {QStringLiteral(":"), QStringLiteral("?"), QStringLiteral("&")};
     // An unclosed back-quote runs to the end all the same.
@@ -64,13 +65,14 @@ QStringList spoiltpieces(const QString& before, const QString& piece, const QStr
 /// Whether \a piece is what a branch does or shows, and no part of the choice that leads there.
 bool isvalue(const QString& before, const QString& piece)
 {
-    static const QRegularExpression verb(QStringLiteral("(color|get_text|os2l_button|toggle|set|os2l_cmd) $"));
+    static const QRegularExpression verb(
+        QStringLiteral("(color|get_text|os2l_button|toggle|set|os2l_cmd) $"));
     return piece == QLatin1String("nothing") || verb.match(before).hasMatch();
 }
 
-/// \a line with every piece of its scripts spoilt in every way, one after the other. \a scripts are the beginnings
-/// and lengths of the scripts in the line. Of a line with \a idle branches only the values are spoilt: whichever
-/// way leads to nothing, nothing comes of it.
+/// \a line with every piece of its scripts spoilt in every way, one after the other. \a scripts are the
+/// beginnings and lengths of the scripts in the line. Of a line with \a idle branches only the values are
+/// spoilt: whichever way leads to nothing, nothing comes of it.
 QList<Spoilt> spoiltlines(const QString& line, const QList<QPair<int, int>>& scripts, bool idle)
 {
     static const QRegularExpression pieces(QStringLiteral("&apos;.*?&apos;|&amp;|[?:`]|[^\\s?:`&]+"));
@@ -83,11 +85,13 @@ QList<Spoilt> spoiltlines(const QString& line, const QList<QPair<int, int>>& scr
             const QString before = script.left(match.capturedStart());
             if (idle && !isvalue(before, match.captured()))
                 continue;
-            const QStringList spoilt = spoiltpieces(before, match.captured(), script.mid(match.capturedEnd()));
+            const QStringList spoilt =
+                spoiltpieces(before, match.captured(), script.mid(match.capturedEnd()));
             for (const QString& other : spoilt) {
                 QString text = line;
                 text.replace(place.first + match.capturedStart(), match.capturedLength(), other);
-                all.append({line.trimmed().left(24) + ": " + before + " " + match.captured() + " -> " + other, text});
+                all.append({line.trimmed().left(24) + ": " + before + " " + match.captured() + " -> " + other,
+                            text});
             }
         }
     }
@@ -118,7 +122,8 @@ bool hasidlebranches(const QString& line)
     return names.match(line).hasMatch();
 }
 
-/// Every way to spoil the lines as a whole: gone, there twice, changing places with the names of the next.
+/// Every way to spoil a line as a whole: gone, under another name, there twice with another action, left
+/// open.
 QList<Spoilt> spoiltwhole(const QStringList& lines, int line)
 {
     const QString text = lines.at(line);
@@ -130,16 +135,14 @@ QList<Spoilt> spoiltwhole(const QStringList& lines, int line)
     QStringList without = lines;
     without.removeAt(line);
     QString renamed = text;
-    renamed.replace(QRegularExpression(QStringLiteral("<map value=\"")), QStringLiteral("<map value=\"x"))
-        .replace(QRegularExpression(QStringLiteral("(</?)(pad|param)(\\d+)")), QStringLiteral("\\1\\2\\g{3}9"));
-    renamed.replace(QLatin1String("\\g{3}"), QString());
+    renamed.replace("<map value=\"", "<map value=\"x").replace("<pa", "<ta").replace("</pa", "</ta");
     QString other = text;
-    other.replace(QRegularExpression(QStringLiteral("action=\"")), QStringLiteral("action=\"play &amp; "))
-        .replace(QRegularExpression(QStringLiteral("\">")), QStringLiteral("\">play &amp; "));
+    other.replace("action=\"", "action=\"play &amp; ").replace("\">", "\">play &amp; ");
     return {{"gone: " + text.left(30), without.join('\n')},
             {"renamed: " + text.left(30), with(renamed)},
             {"contradicted: " + text.left(30), with(text + '\n' + other)},
-            {"open: " + text.left(30), with(QString(text).remove(QRegularExpression(QStringLiteral("/>|</\\w+>$"))))}};
+            {"open: " + text.left(30),
+             with(QString(text).remove(QRegularExpression(QStringLiteral("/>|</\\w+>$"))))}};
 }
 
 /// What is wrong with a file as a whole.
@@ -148,24 +151,26 @@ QList<Spoilt> spoiltfiles(const QString& text)
     const auto replaced = [&text](const char* before, const char* after) {
         return Spoilt{QString("%1 -> %2").arg(before, after), QString(text).replace(before, after)};
     };
-    return {{"empty", QString()},
-            {"cut off", text.left(text.size() - 8)},
-            {"something behind", text + "<more/>"},
-            {"a control more", QString(text).replace("</mapper>", "\t<map value=\"ONINIT\" action=\"play\"/>\n</mapper>")
-                                   .replace("</page>", "<pad9>nothing</pad9>\n</page>")},
-            replaced("<mapper ", "<mapping "),
-            replaced("<page ", "<pages "),
-            replaced("device=\"STAGE", "device=\"STAGE2"),
-            replaced("<page name=\"", "<page name=\"x"),
-            replaced("dmxbank", "dmxbonk"),
-            replaced("os2l_button", "os2l_bottom"),
-            replaced("$os2l", "os2l"),
-            replaced("First", "First & foremost"),
-            replaced("Strobe", "Str\"obe"),
-            replaced("Strobe", "Str<obe"),
-            replaced("Strobe", "Fog Burst"),
-            replaced("Fog Burst", "Fog'Burst"),
-            {"control character", QString(text).replace("Strobe", QString("Str") + QChar(1) + "obe")}};
+    return {
+        {"empty", QString()},
+        {"cut off", text.left(text.size() - 8)},
+        {"something behind", text + "<more/>"},
+        {"a control more", QString(text)
+                               .replace("</mapper>", "\t<map value=\"ONINIT\" action=\"play\"/>\n</mapper>")
+                               .replace("</page>", "<pad9>nothing</pad9>\n</page>")},
+        replaced("<mapper ", "<mapping "),
+        replaced("<page ", "<pages "),
+        replaced("device=\"STAGE", "device=\"STAGE2"),
+        replaced("<page name=\"", "<page name=\"x"),
+        replaced("dmxbank", "dmxbonk"),
+        replaced("os2l_button", "os2l_bottom"),
+        replaced("$os2l", "os2l"),
+        replaced("First", "First & foremost"),
+        replaced("Strobe", "Str\"obe"),
+        replaced("Strobe", "Str<obe"),
+        replaced("Strobe", "Fog Burst"),
+        replaced("Fog Burst", "Fog'Burst"),
+        {"control character", QString(text).replace("Strobe", QString("Str") + QChar(1) + "obe")}};
 }
 
 } // namespace
@@ -185,8 +190,8 @@ private slots:
 private:
     Expectation expectation(const QString& name) const
     {
-        return VirtualDj::readexpectation(contents(folder + '/' + name + ".json"), QStringLiteral(LAYOUTS_DIR),
-                                          folder);
+        return VirtualDj::readexpectation(contents(folder + '/' + name + ".json"),
+                                          QStringLiteral(LAYOUTS_DIR), folder);
     }
     QStringList complaints(const QString& text, const Expectation& expected)
     {
@@ -224,7 +229,8 @@ void SpoiltTest::noticesWhateverIsWrong()
     }
     for (int line = 2; line < lines.size() - 2; ++line) {
         all += spoiltwhole(lines, line);
-        const QList<Spoilt> spoiltline = spoiltlines(lines.at(line), scriptsof(lines.at(line)), hasidlebranches(lines.at(line)));
+        const QList<Spoilt> spoiltline =
+            spoiltlines(lines.at(line), scriptsof(lines.at(line)), hasidlebranches(lines.at(line)));
         for (const Spoilt& spoilt : spoiltline) {
             QStringList others = lines;
             others[line] = spoilt.text;
@@ -255,25 +261,25 @@ void SpoiltTest::noticesWorkThatIsNotInTheFile()
     QVERIFY(!complaints(page, expected).isEmpty());
 
     const QString mapping = QString::fromUtf8(contents(folder + "/combined.xml"));
-    const auto without = [&](const std::function<void(VirtualDj::MappingWork*)>& change) {
+    const auto noticed = [&](const std::function<void(VirtualDj::MappingWork*)>& change) {
         Expectation other = expectation("combined");
         change(&*other.mapping);
-        return complaints(mapping, other).size();
+        return !complaints(mapping, other).isEmpty();
     };
-    QVERIFY(without([](auto* work) { work->cells[{2, 2}].button = "Other"; }) > 0);
-    QVERIFY(without([](auto* work) { work->cells[{2, 2}].button.reset(); }) > 0);
-    QVERIFY(without([](auto* work) { work->cells[{2, 5}].button = "Strobe"; }) > 0);
-    QVERIFY(without([](auto* work) { work->cells[{2, 2}].blink = true; }) > 0);
-    QVERIFY(without([](auto* work) { work->cells[{2, 2}].on = "red"; }) > 0);
-    QVERIFY(without([](auto* work) { work->cells[{2, 2}].off = "red"; }) > 0);
-    QVERIFY(without([](auto* work) { work->switchCell = {2, 5}; }) > 0);
-    QVERIFY(without([](auto* work) { work->switchCell = {-1, -1}; }) > 0);
-    QVERIFY(without([](auto* work) { work->defaultOn = "black"; }) > 0);
-    QVERIFY(without([](auto* work) { work->defaultOff = "black"; }) > 0);
-    QVERIFY(without([](auto* work) { work->combined = false; }) > 0);
-    QVERIFY(without([](auto* work) { work->factory["A"] = "play"; }) > 0);
-    QVERIFY(without([](auto* work) { work->factory["LED_A"] = "play"; }) > 0);
-    QVERIFY(without([](auto* work) { work->device.id = "OTHER"; }) > 0);
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 2}].button = "Other"; }));
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 2}].button.reset(); }));
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 5}].button = "Strobe"; }));
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 2}].blink = true; }));
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 2}].on = "red"; }));
+    QVERIFY(noticed([](auto* work) { work->cells[{2, 2}].off = "red"; }));
+    QVERIFY(noticed([](auto* work) { work->switchCell = {2, 5}; }));
+    QVERIFY(noticed([](auto* work) { work->switchCell = {-1, -1}; }));
+    QVERIFY(noticed([](auto* work) { work->defaultOn = "black"; }));
+    QVERIFY(noticed([](auto* work) { work->defaultOff = "black"; }));
+    QVERIFY(noticed([](auto* work) { work->combined = false; }));
+    QVERIFY(noticed([](auto* work) { work->factory["A"] = "play"; }));
+    QVERIFY(noticed([](auto* work) { work->factory["LED_A"] = "play"; }));
+    QVERIFY(noticed([](auto* work) { work->device.id = "OTHER"; }));
 }
 
 void SpoiltTest::noticesScriptsThatAreTooLong()

@@ -16,7 +16,8 @@ QString reason(Deviation deviation)
         return QStringLiteral("names are joined as they stand, and a quotation has no escape: it ends at the "
                               "name's first apostrophe");
     case Deviation::HiddenBank:
-        return QStringLiteral("a bank with a Live Button in the hidden column only is in the page, all empty");
+        return QStringLiteral(
+            "a bank with a Live Button in the hidden column only is in the page, all empty");
     case Deviation::DarkSwitch:
         return QStringLiteral("on full-RGB devices the switch has the colour of its empty cell, black");
     case Deviation::NoSwitch:
@@ -30,18 +31,21 @@ QString reason(Deviation deviation)
     case Deviation::LightWithoutAction:
         return QStringLiteral("a control without factory action and Live Button loses its factory light");
     case Deviation::ButtonLight:
-        return QStringLiteral("a side button whose mapping has no light is lit by its own action, as long as no "
-                              "earlier side button has had a light");
+        return QStringLiteral(
+            "a side button whose mapping has no light is lit by its own action, as long as no "
+            "earlier side button has had a light");
     case Deviation::SwitchActionLost:
         return QStringLiteral("the switch is written without the factory action behind it");
     case Deviation::SwitchLightLeft:
         return QStringLiteral("the off colour of a switch is taken for the factory light by the next export");
     case Deviation::ShortLightLost:
-        return QStringLiteral("a factory light without a choice is taken for part of the Live Button's light by "
-                              "the next export");
+        return QStringLiteral(
+            "a factory light without a choice is taken for part of the Live Button's light by "
+            "the next export");
     case Deviation::Os2lOnlyKept:
-        return QStringLiteral("an OS2L-only mapping has no factory actions; its Live Buttons are what a combined "
-                              "export on top of it finds");
+        return QStringLiteral(
+            "an OS2L-only mapping has no factory actions; its Live Buttons are what a combined "
+            "export on top of it finds");
     }
     return QString();
 }
@@ -206,9 +210,9 @@ MappingWork readmappingwork(const QJsonObject& json, const QString& layouts, con
     if (!place.isEmpty())
         work.switchCell = {place.at(0).toInt(), place.at(1).toInt()};
     Deviations met;
-    work.factory = factoryof(
-        readmapping(bytesof(mapping.isEmpty() ? stem + QStringLiteral(" mapping.xml") : folder + '/' + mapping)),
-        work.device, &met);
+    work.factory = factoryof(readmapping(bytesof(mapping.isEmpty() ? stem + QStringLiteral(" mapping.xml")
+                                                                   : folder + '/' + mapping)),
+                             work.device, &met);
     const QJsonArray cells = json.value(QLatin1String("cells")).toArray();
     for (const QJsonValue& value : cells) {
         const QJsonObject object = value.toObject();

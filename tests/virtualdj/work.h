@@ -11,11 +11,12 @@
 #include <array>
 #include <optional>
 
-/// What a user has done in Lumipad, as far as it must show on stage: the judge's only knowledge of what is right.
+/// What a user has done in Lumipad, as far as it must show on stage: the judge's only knowledge of what is
+/// right.
 namespace VirtualDj {
 
-/// Everything in which a right file differs from what a user might expect, settled so and each with its reason.
-/// The judge knows them by name and counts where they apply; nothing else is tolerated.
+/// Everything in which a right file differs from what a user might expect, settled so and each with its
+/// reason. The judge knows them by name and counts where they apply; nothing else is tolerated.
 enum class Deviation {
     CutName,
     HiddenBank,
@@ -59,8 +60,8 @@ struct PageWork
     std::array<QString, bankCount> bankNames;
     std::array<Bank, bankCount> banks;
 
-    /// The banks that hold a Live Button in either column, by ascending number from 0; the others are left out of
-    /// the page.
+    /// The banks that hold a Live Button in either column, by ascending number from 0; the others are left
+    /// out of the page.
     QList<int> usedbanks() const;
     int padcount() const { return sixteen ? padsPerBank : padsPerBank / 2; }
 };
@@ -101,8 +102,9 @@ FactoryActions factoryof(const MappingFile& mapping, const Device& device, Devia
 /// What is left of \a work's factory actions to an export that builds on the file \a written for it.
 FactoryActions factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations);
 
-/// What VirtualDJ takes of \a name between apostrophes: names with two (or four, ...) of them end at the first.
-/// Other names with apostrophes have no expectation; the table of awkward names tells what becomes of them.
+/// What VirtualDJ takes of \a name between apostrophes: names with two (or four, ...) of them end at the
+/// first. Other names with apostrophes have no expectation; the table of awkward names tells what becomes of
+/// them.
 QString taken(const QString& name, Deviations* deviations);
 
 /// What is written down about a file in JSON: what was dropped where, or that the file is broken and why.
@@ -113,8 +115,8 @@ struct Expectation
     std::optional<MappingWork> mapping;
 };
 
-/// Reads an expectation; \a layouts is the folder of the layouts and factory mappings, relative paths start at
-/// \a folder. Ends the program when it cannot be read.
+/// Reads an expectation; \a layouts is the folder of the layouts and factory mappings, relative paths start
+/// at \a folder. Ends the program when it cannot be read.
 Expectation readexpectation(const QByteArray& json, const QString& layouts, const QString& folder);
 
 } // namespace VirtualDj

@@ -10,9 +10,10 @@ constexpr int endPatience = 10000; // ms
 
 void startchild(QProcess& child, ChildEnd end, const QString& program, const QStringList& arguments)
 {
-    // setpriv puts the program in its own place: the number of the process stays.
+    // Both programs put the next one in their own place: the number of the process stays. In a session of its
+    // own the child does not hear of Ctrl+C in the terminal; this process does, and tidies up.
     const QString signal = end == ChildEnd::Killed ? QStringLiteral("KILL") : QStringLiteral("TERM");
-    child.start(QStringLiteral("setpriv"), QStringList{"--pdeathsig", signal, program} + arguments);
+    child.start(QStringLiteral("setpriv"), QStringList{"--pdeathsig", signal, "setsid", program} + arguments);
     if (!child.waitForStarted())
         throw Trouble(QStringLiteral("%1 cannot be started: %2.").arg(program, child.errorString()));
 }

@@ -106,6 +106,8 @@ void Desktop::giveup(const QString& sentence)
         std::fprintf(stderr, "The program wrote:\n%s\n", lines.join('\n').constData());
     }
     QString story = sentence;
+    if (stopped != 0)
+        story += QStringLiteral(" This process was asked to end.");
     if (m_program.hasended())
         story += QStringLiteral(" The program has ended.");
     if (saved)

@@ -70,4 +70,7 @@ QString Home::project(const QString& name) const
     return path(QStringLiteral("Documents/Lumipad/projects/%1.os2l").arg(name));
 }
 
-QDate Home::today() const { return QDateTime::currentDateTimeUtc().addSecs(-3600 * m_hoursbehind).date(); }
+QDate Home::today() const
+{
+    return QDateTime::currentDateTimeUtc().addSecs(qint64(-3600) * m_hoursbehind).date();
+}

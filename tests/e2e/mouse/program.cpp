@@ -26,6 +26,8 @@ QProcessEnvironment surroundings(const Home& home, const QString& display)
     environment.insert("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     environment.insert("QT_QPA_PLATFORM", "xcb");
     environment.insert("QT_XCB_GL_INTEGRATION", "none");
+    // The virtual display makes up a resolution of its own, by which the window would be scaled.
+    environment.insert("QT_FONT_DPI", "96");
     return environment;
 }
 

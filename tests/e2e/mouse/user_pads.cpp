@@ -4,6 +4,8 @@
 #include "padgeometry.h"
 #include "user.h"
 
+using namespace padspage;
+
 QPoint User::listrow(int row) const
 {
     const QRect list = rect(QStringLiteral("dmxlistview"));
