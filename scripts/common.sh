@@ -25,6 +25,7 @@ apt_packages() {
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
     mouse) say libx11-dev libxtst-dev xvfb ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
+    package) say dpkg-dev file lintian desktop-file-utils appstream debootstrap ;;
     images) say librsvg2-bin icnsutils icoutils ;;
     # The fuzzer is a part of clang's runtime, which clang does without.
     fuzz) say clang libclang-rt-dev ;;
@@ -39,6 +40,7 @@ brew_packages() {
     mouse) ;;
     images) say librsvg libicns icoutils ;;
     lint) fail "the lint tools are installed from the packages of Debian and Ubuntu only." ;;
+    package) fail "packages for Debian are made on Debian." ;;
     fuzz) fail "the fuzzer is installed from the packages of Debian and Ubuntu only." ;;
     *) fail "there is no list of packages for \"$1\"." ;;
     esac

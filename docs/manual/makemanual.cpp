@@ -2,7 +2,11 @@
 // QTextDocument reads; its images are looked for in the folder PICTURES, then beside the text. The file
 // depends on nothing but text, pictures and fonts, so an unchanged manual is an unchanged file.
 //
-// In the text, "{page:NAME}" stands for the number of the page with the anchor NAME.
+// In the text, "{page:NAME}" stands for the number of the page with the anchor NAME, "{version}" for the
+// program's version, and "{devices}" for the rows of a table of the built-in controllers.
+
+#include "devices.h"
+#include "version.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -140,13 +144,63 @@ void paint(ManualDocument* document, QPdfWriter* writer)
     }
 }
 
+/// The side buttons and faders of \a device in words.
+QString sides(const Record& device)
+{
+    QStringList parts;
+    const QList<QPair<QString, QString>> words{{Key::top(), QStringLiteral("above")},
+                                               {Key::left(), QStringLiteral("left")},
+                                               {Key::right(), QStringLiteral("right")},
+                                               {Key::bottom(), QStringLiteral("below")}};
+    for (const auto& word : words) {
+        const QString count = device.value(word.first);
+        if (count != QLatin1String("0"))
+            parts.append(count + QLatin1Char(' ') + word.second);
+    }
+    QString text = parts.isEmpty() ? QStringLiteral("none") : parts.join(QStringLiteral(", "));
+    const QString faders = device.value(Key::faders());
+    if (faders != QLatin1String("0"))
+        text += QStringLiteral("; %1 faders").arg(faders);
+    return text;
+}
+
+/// The colours that the pads of \a device can have, in words; black is none of them.
+QString lights(const Record& device)
+{
+    if (controller::ledcolors(device) == controller::LedColors::Any)
+        return QStringLiteral("any colour");
+    QStringList colors = controller::palette(device);
+    if (colors.join(QString()).contains(QLatin1Char('#')))
+        return QStringLiteral("%1 colours").arg(colors.size());
+    colors.removeAll(QStringLiteral("black"));
+    return colors.join(QStringLiteral(", "));
+}
+
+/// The rows of the table of controllers, in the order in which the program offers them.
+QString devicerows()
+{
+    QString rows;
+    const QList<Record> devices =
+        controller::readdefaultmappers(QStringLiteral(":/mappings/Mappings")).devices;
+    for (int i = 0; i < devices.size(); ++i) {
+        rows += QStringLiteral("<tr%1><td>%2</td><td>%3</td><td>%4</td></tr>\n")
+                    .arg(i % 2 == 0 ? QString() : QStringLiteral(" bgcolor=\"#f7f7f7\""),
+                         devices.at(i).value(Key::name()).toHtmlEscaped(), sides(devices.at(i)),
+                         lights(devices.at(i)).toHtmlEscaped());
+    }
+    return rows;
+}
+
 /// The PDF, or the sentence that tells why there is none.
 QString makemanual(const QString& textfile, const QString& pictures, const QString& target)
 {
     QFile source(textfile);
     if (!source.open(QIODevice::ReadOnly))
         return QStringLiteral("cannot read %1").arg(textfile);
+    const QString version = QLatin1String(programVersion);
     QString html = QString::fromUtf8(source.readAll());
+    html.replace(QLatin1String("{version}"), version);
+    html.replace(QLatin1String("{devices}"), devicerows());
 
     QBuffer pdf;
     pdf.open(QIODevice::WriteOnly);
@@ -156,7 +210,7 @@ QString makemanual(const QString& textfile, const QString& pictures, const QStri
         writer.setResolution(resolution);
         writer.setPageSize(QPageSize(QPageSize::A4));
         writer.setPageMargins(QMarginsF(22, 20, 22, 14), QPageLayout::Millimeter);
-        writer.setTitle(QStringLiteral("Lumipad manual"));
+        writer.setTitle(QStringLiteral("Lumipad %1 manual").arg(version));
         writer.setCreator(QStringLiteral("Lumipad"));
 
         layout(&document, html, &writer);

@@ -49,6 +49,15 @@ QString plistvalue(const QByteArray& plist, const QString& key)
     return QStringLiteral("nothing there");
 }
 
+/// How a PDF holds \a text in its description of itself.
+QByteArray pdftext(const QString& text)
+{
+    QByteArray bytes;
+    for (const QChar letter : text)
+        bytes += QByteArray().append(char(letter.row())).append(char(letter.cell()));
+    return bytes;
+}
+
 } // namespace
 
 class PackagingTest : public QObject
@@ -186,6 +195,7 @@ void PackagingTest::bearsOneVersion()
     QCOMPARE(found(built("packaging/lumipad.1"), "\"Lumipad ([^\"]*)\""), version);
     QCOMPARE(plistvalue(built("packaging/Info.plist"), "CFBundleShortVersionString"), version);
     QCOMPARE(plistvalue(built("packaging/Info.plist"), "CFBundleVersion"), version);
+    QVERIFY(installed("share/doc/lumipad/Manual.pdf").contains(pdftext("Lumipad " + version + " manual")));
     QCOMPARE(found(built("packaging/lumipad.rc"), "\"ProductVersion\", \"([^\\\\]*)"), version);
 }
 
