@@ -93,7 +93,7 @@ private:
             return;
         m_user = std::make_unique<StoryUser>();
         m_user->open();
-        m_user->loadshow("Demo Show");
+        m_user->loadshow("Tricky Names");
         m_user->switchto(Output::Midi);
         m_user->filledit("padsname", "Night");
     }

@@ -28,7 +28,7 @@ private slots:
         Stories::tell([] {
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             workonpads(user);
             workoncells(user);
             user.closeandconfirm();
