@@ -9,7 +9,7 @@ const QString mapperName = QStringLiteral("Late Night");
 /// Gives what it was.
 QByteArray spoil(const QString& path)
 {
-    const QByteArray before = contents(path);
+    QByteArray before = contents(path);
     writefile(path, "to be overwritten\n");
     return before;
 }
