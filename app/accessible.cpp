@@ -218,8 +218,9 @@ QAccessibleInterface* Table::child(int number) const
     QAccessible::Role role = QAccessible::Cell;
     if (!index.isValid())
         role = row < 0 ? QAccessible::ColumnHeader : QAccessible::RowHeader;
-    m_children.insert(number, QAccessible::registerAccessibleInterface(new TableItem(view(), index, role)));
-    return QAccessible::accessibleInterface(m_children.value(number));
+    auto* child = new TableItem(view(), index, role);
+    m_children.insert(number, QAccessible::registerAccessibleInterface(child));
+    return child;
 }
 
 QAccessibleInterface* Table::childAt(int x, int y) const
@@ -284,7 +285,7 @@ QAccessibleInterface* tableinterface(const QString& classname, QObject* object)
 
 QString accessibletext(const QModelIndex& index)
 {
-    const QString shown = index.data(Qt::DisplayRole).toString();
+    QString shown = index.data(Qt::DisplayRole).toString();
     const QString label = padlabel(index);
     if (label.isEmpty())
         return shown;
