@@ -24,7 +24,7 @@ void User::chooseitem(const QString& combo, int number, int count)
         [&] {
             // A popup lets clicks through only once it has seen the mouse move.
             hover({list.left() + list.width() / 4, middle});
-            return color({list.left() + 1, middle}) == Look::comboEntryFrame;
+            return color({list.left() + 1, middle}) == Look::comboEntryUnderMouse;
         },
         QStringLiteral("Entry %1 of %2 did not light up under the mouse.").arg(number).arg(combo));
     pointer().click({list.left() + list.width() / 4, middle});
