@@ -183,6 +183,8 @@ public:
 private:
     QTableView* view() const { return static_cast<QTableView*>(widget()); }
     QAbstractItemModel* model() const { return view()->model(); }
+    /// Null for a view without a model.
+    QItemSelectionModel* selection() const { return view()->selectionModel(); }
     int numberof(const QModelIndex& index) const
     {
         return (index.row() + 1) * (columnCount() + 1) + index.column() + 1;
@@ -208,7 +210,7 @@ QAccessibleInterface* Table::child(int number) const
     const auto known = m_children.constFind(number);
     if (known != m_children.constEnd()) {
         QAccessibleInterface* child = QAccessible::accessibleInterface(*known);
-        if (static_cast<TableItem*>(child)->shows(index))
+        if (child && static_cast<TableItem*>(child)->shows(index))
             return child;
         // Rows came or went since: this is another item now.
         QAccessible::deleteAccessibleInterface(*known);
@@ -216,8 +218,9 @@ QAccessibleInterface* Table::child(int number) const
     QAccessible::Role role = QAccessible::Cell;
     if (!index.isValid())
         role = row < 0 ? QAccessible::ColumnHeader : QAccessible::RowHeader;
-    m_children.insert(number, QAccessible::registerAccessibleInterface(new TableItem(view(), index, role)));
-    return QAccessible::accessibleInterface(m_children.value(number));
+    auto* child = new TableItem(view(), index, role);
+    m_children.insert(number, QAccessible::registerAccessibleInterface(child));
+    return child;
 }
 
 QAccessibleInterface* Table::childAt(int x, int y) const
@@ -240,7 +243,7 @@ void* Table::interface_cast(QAccessible::InterfaceType type)
 QList<QAccessibleInterface*> Table::selectedCells() const
 {
     QList<QAccessibleInterface*> items;
-    const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
+    const QModelIndexList selected = selection() ? selection()->selectedIndexes() : QModelIndexList();
     for (const QModelIndex& index : selected)
         items.append(item(index));
     return items;
@@ -249,7 +252,7 @@ QList<QAccessibleInterface*> Table::selectedCells() const
 QList<int> Table::selectedRows() const
 {
     QList<int> rows;
-    const QModelIndexList selected = view()->selectionModel()->selectedRows();
+    const QModelIndexList selected = selection() ? selection()->selectedRows() : QModelIndexList();
     for (const QModelIndex& index : selected)
         rows.append(index.row());
     return rows;
@@ -258,7 +261,7 @@ QList<int> Table::selectedRows() const
 QList<int> Table::selectedColumns() const
 {
     QList<int> columns;
-    const QModelIndexList selected = view()->selectionModel()->selectedColumns();
+    const QModelIndexList selected = selection() ? selection()->selectedColumns() : QModelIndexList();
     for (const QModelIndex& index : selected)
         columns.append(index.column());
     return columns;
@@ -282,7 +285,7 @@ QAccessibleInterface* tableinterface(const QString& classname, QObject* object)
 
 QString accessibletext(const QModelIndex& index)
 {
-    const QString shown = index.data(Qt::DisplayRole).toString();
+    QString shown = index.data(Qt::DisplayRole).toString();
     const QString label = padlabel(index);
     if (label.isEmpty())
         return shown;

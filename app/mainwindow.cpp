@@ -198,10 +198,9 @@ void MainWindow::setstyles()
     for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
                            ui->groupBox_pads, ui->groupBox_controller})
         box->setStyleSheet(Style::groupBox());
-    auto* circles = new RadioStyle(this);
     for (QRadioButton* radio :
          {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads}) {
-        radio->setStyle(circles);
+        radio->setStyle(new RadioStyle(radio));
         radio->setStyleSheet(Style::radioButton());
     }
     for (QLineEdit* edit : {ui->padsname, ui->bankname})

@@ -108,11 +108,11 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
             entercells(view);
-    } else if (view && event->type() == QEvent::ContextMenu) {
-        // One that comes from the keyboard does not say which cell is current.
-        if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard &&
-            opencellmenu(view))
-            return true;
+    } else if (view && event->type() == QEvent::ContextMenu &&
+               static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+        // It comes with the middle of the view, where any cell may be.
+        opencellmenu(view);
+        return true;
     }
     return QMainWindow::eventFilter(watched, event);
 }

@@ -9,7 +9,7 @@ class RadioStyle : public QProxyStyle
     Q_OBJECT
 
 public:
-    /// \a parent must outlive the widgets that use the style: they do not own it.
+    /// \a parent is the widget that uses the style, which would not own it by itself.
     explicit RadioStyle(QObject* parent);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -1,5 +1,5 @@
-// One process for one reader and one file: makes the file, reads it and ends. Its arguments are a reader and
-// "worst" or "small".
+// One process for one reader: makes the worst file that it accepts, reads it and ends. Its argument is the
+// reader.
 
 #include "bounds.h"
 #include "devices.h"
@@ -32,22 +32,22 @@ bool stored(const QString& path, const QByteArray& bytes)
 }
 
 /// A show whose one group has most of the lines, shared by all pages.
-QByteArray sharedshow(int lines)
+QByteArray sharedshow()
 {
-    QByteArray text = "[page]\nnumber=" + QByteArray::number(qMin(lines, maxLivePages)) + '\n';
-    for (int page = 1; page <= qMin(lines, maxLivePages); ++page)
+    QByteArray text = "[page]\nnumber=" + QByteArray::number(maxLivePages) + '\n';
+    for (int page = 1; page <= maxLivePages; ++page)
         text += "[page" + QByteArray::number(page) + "]\npageid=1\nnb_buttons=1\n";
-    text += "[page1_button1]\ntitle=@" + QByteArray(qMin(lines, maxTitleLength), 't') + '\n';
-    for (int key = 0; key < lines / 100; ++key)
+    text += "[page1_button1]\ntitle=@" + QByteArray(maxTitleLength, 't') + '\n';
+    for (int key = 0; key < 5000; ++key)
         text += 'k' + QByteArray::number(key) + "=v\n";
     return text;
 }
 
 /// A show of as many Live Buttons as there can be, with ten lines for each.
-QByteArray wideshow(int lines)
+QByteArray wideshow()
 {
-    QByteArray text = "[page]\nnumber=1\n[page1]\nnb_buttons=" + QByteArray::number(lines / 10) + '\n';
-    for (int button = 1; button < lines / 10; ++button) {
+    QByteArray text = "[page]\nnumber=1\n[page1]\nnb_buttons=" + QByteArray::number(maxLiveButtons) + '\n';
+    for (int button = 1; button < maxLightShowLines / 10; ++button) {
         text += "[page1_button" + QByteArray::number(button) + "]\n";
         for (int key = 1; key < 10; ++key)
             text += 'k' + QByteArray::number(key) + "=value\n";
@@ -60,11 +60,11 @@ bool readshow(const QString& path, const QByteArray& text)
     return stored(path, text) && readlightshow(path).has_value();
 }
 
-bool readfolder(const QTemporaryDir& folder, bool worst)
+bool readfolder(const QTemporaryDir& folder)
 {
     const QByteArray file = filled("<mapper device=\"APCMINI\">", "<map value=\"A\" action=\"b\"/>",
-                                   "</mapper>", worst ? maxXmlSize : 100, maxXmlParts / 3 - 2);
-    const int files = worst ? maxMappersScan / file.size() : 1;
+                                   "</mapper>", maxXmlSize, maxXmlParts / 3 - 2);
+    const int files = maxMappersScan / file.size();
     for (int n = 0; n < files; ++n) {
         if (!stored(folder.filePath(QStringLiteral("%1.xml").arg(n)), file))
             return false;
@@ -74,10 +74,10 @@ bool readfolder(const QTemporaryDir& folder, bool worst)
 
 /// A mapping of the longest actions, all of them of signs that are escaped, exported to a layout of as many
 /// controls.
-bool exportmapping(const QTemporaryDir& folder, bool worst)
+bool exportmapping(const QTemporaryDir& folder)
 {
-    const int controls = worst ? maxXmlSize / (maxActionLength + 100) : 1;
-    const QByteArray action(worst ? maxActionLength : 10, '\'');
+    constexpr int controls = maxXmlSize / (maxActionLength + 100);
+    const QByteArray action(maxActionLength, '\'');
     QByteArray layout = "<layout>";
     QByteArray mapping = "<mapper>";
     for (int n = 0; n < controls; ++n) {
@@ -94,42 +94,40 @@ bool exportmapping(const QTemporaryDir& folder, bool worst)
     return mapperxml(mapper).toUtf8().size() > controls * action.size();
 }
 
-bool drop(bool worst)
+bool drop()
 {
     QMimeData data;
     const QByteArray color("\x01\xff\xff\0\0\0\0\0\0\0\0", 11);
-    data.setData(payloadformats().at(0), QByteArray(worst ? maxPayloadSize : 100, '\xff'));
-    data.setData(payloadformats().at(1), color.repeated(worst ? maxPayloadSize / color.size() : 1));
+    data.setData(payloadformats().at(0), QByteArray(maxPayloadSize, '\xff'));
+    data.setData(payloadformats().at(1), color.repeated(maxPayloadSize / color.size()));
     return decodepayload(&data, PayloadBlink + 1).has_value();
 }
 
-bool read(const QByteArray& reader, bool worst)
+bool read(const QByteArray& reader)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("file"));
-    const int lines = worst ? maxLightShowLines : 100;
-    const int bytes = worst ? maxXmlSize : 1000;
     if (reader == "show-shared")
-        return readshow(path, sharedshow(lines));
+        return readshow(path, sharedshow());
     if (reader == "show-lines")
-        return readshow(path, wideshow(lines));
+        return readshow(path, wideshow());
     if (reader == "project-cells")
-        return !readproject(filled("<a>", "<key a='' b='' c=''/>", "</a>", bytes, maxXmlParts / 4 - 1))
+        return !readproject(filled("<a>", "<key a='' b='' c=''/>", "</a>", maxXmlSize, maxXmlParts / 4 - 1))
                     .keys.isEmpty();
     if (reader == "project-name")
-        return !readproject(filled("<key name='", "\t", "'/>", bytes, bytes)).keys.isEmpty();
+        return !readproject(filled("<key name='", "\t", "'/>", maxXmlSize, maxXmlSize)).keys.isEmpty();
     if (reader == "mappers")
-        return readfolder(folder, worst);
+        return readfolder(folder);
     if (reader == "export")
-        return exportmapping(folder, worst);
-    return reader == "drop" && drop(worst);
+        return exportmapping(folder);
+    return reader == "drop" && drop();
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    if (argc == 3 && read(argv[1], qstrcmp(argv[2], "worst") == 0))
+    if (argc == 2 && read(argv[1]))
         return 0;
     std::fprintf(stderr, "lumipad_bench_worst: the file was not read\n");
     return 1;

@@ -22,7 +22,13 @@ QString declaredencoding(const QString& text)
 {
     static const QRegularExpression declaration(
         QStringLiteral("^<\\?xml[^>]*?encoding[^>'\"]*['\"]([^>'\"]*)[^>]*>"));
-    return declaration.match(text).captured(1);
+    // No pattern matches in a text that holds half a pair.
+    QString whole = text;
+    for (QChar& sign : whole) {
+        if (sign.isSurrogate())
+            sign = QChar::ReplacementCharacter;
+    }
+    return declaration.match(whole).captured(1);
 }
 
 /// Whether \a codec is one of the encodings that are read beside UTF-16. In all of them every sign of XML is

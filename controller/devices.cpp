@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -68,6 +69,30 @@ QStringList deviceids(const QByteArray& xml, const QList<Record>& devices)
     return ids;
 }
 
+/// The attributes of every `layout` element of the file \a path. The layouts are the program's own, and every
+/// start waits for them; read as a stream they take a third of the time that document trees of them do.
+QList<Record> layoutsof(const QString& path)
+{
+    const QString tag = QStringLiteral("layout");
+    const auto xml = readregularfile(path, maxXmlSize);
+    // Half the files are mappings.
+    if (!xml || !xml->contains("<layout"))
+        return {};
+    QList<Record> layouts;
+    QXmlStreamReader reader(*xml);
+    reader.setNamespaceProcessing(false);
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement || reader.qualifiedName() != tag)
+            continue;
+        Record layout;
+        const auto attributes = reader.attributes();
+        for (const QXmlStreamAttribute& attribute : attributes)
+            layout.insert(attribute.qualifiedName().toString(), attribute.value().toString());
+        layouts.append(layout);
+    }
+    return reader.hasError() ? QList<Record>() : layouts;
+}
+
 } // namespace
 
 DeviceLists readdefaultmappers(const QString& folder)
@@ -78,9 +103,9 @@ DeviceLists readdefaultmappers(const QString& folder)
         const QString path = folder + QLatin1Char('/') + file;
         const QString name = QFileInfo(file).baseName();
         const QString factorypath = folder + QLatin1Char('/') + name + QStringLiteral(" mapping.xml");
-        const auto layouts = readelements(path, {QStringLiteral("layout")});
-        for (const XmlElement& layout : layouts) {
-            const Record device = devicerecord(layout.attributes, name, path);
+        const QList<Record> layouts = layoutsof(path);
+        for (const Record& layout : layouts) {
+            const Record device = devicerecord(layout, name, path);
             const QString id = device.value(Key::device());
             lists.devices.append(device);
             lists.mappers.append(mapperrecord(id, Stored::simpleMapping(), factorypath));

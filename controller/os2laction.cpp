@@ -27,7 +27,10 @@ QString removeos2l(const QString& action)
     const QString condition = QStringLiteral(" ? ");
     const QString alternative = QStringLiteral(" : ");
     // Its beginning tells; an action may be long, and few are wrapped.
-    const QString escaped = xmlparse(action.left(32));
+    const QString beginning = action.left(32);
+    if (!beginning.contains(QLatin1String("$os2l")))
+        return action;
+    const QString escaped = xmlparse(beginning);
     if (escaped == QLatin1String("toggle &apos;$os2l&apos;"))
         return QString();
     if (!escaped.startsWith(QLatin1String("var &apos;$os2l&apos;")))

@@ -53,6 +53,13 @@ need_space() {
     [[ ${free:-0} -ge $2 ]] || fail "$3 needs $2 MB on the disk of $1, and only ${free:-0} MB are free."
 }
 
+# The compiler keeps its temporary files in the build folder where the usual place for them takes none.
+use_writable_tmp() {
+    [[ ! -w ${TMPDIR:-/tmp} ]] || return 0
+    export TMPDIR=$root/build/tmp
+    mkdir -p "$TMPDIR" || fail "neither the folder for temporary files nor $root/build can be written."
+}
+
 # install_packages PURPOSE...: installs what is missing for the purposes. When nothing is missing it asks neither
 # for a password nor for the network.
 install_packages() {
@@ -85,6 +92,9 @@ install_with_apt() {
     say "Installing ${missing[*]}"
     # Old lists may still do, so only a failed install is the end. /dev/null: no question waits for an answer.
     "${as_root[@]}" apt-get update -qq </dev/null || say "The package lists could not be refreshed; going on with those at hand."
+    # What apt-get says of the size, in its own words.
+    LC_ALL=C apt-get install --assume-no --no-install-recommends "${missing[@]}" 2>/dev/null </dev/null |
+        grep -E '^(Need to get|After this operation)' || true
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 "${missing[@]}" </dev/null ||
         fail "apt-get could not install ${missing[*]}; its own lines above say why."
@@ -104,13 +114,25 @@ install_with_brew() {
     brew install "${missing[@]}" </dev/null || fail "brew could not install ${missing[*]}; its own lines above say why."
 }
 
+# is_current PROGRAM: whether the program is there, was built in this very place, and is newer than everything that it
+# is made of. Folders count too: a file that was added or taken away makes its folder newer.
+is_current() {
+    local cache=$root/build/release/CMakeCache.txt
+    [[ -x $1 && -f $cache ]] || return 1
+    grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache" || return 1
+    [[ -z $(find "$root"/{CMakeLists.txt,cmake,common,show,padspage,controller,project,app,resources} \
+        -newer "$1" -print -quit) ]]
+}
+
 # build FOLDER OPTIONS TARGET...: configures the build folder (relative to the project) and builds the targets.
 # OPTIONS is one string of cmake options, split at blanks.
 build() {
     local folder=$root/$1 options made_for
     read -ra options <<<"$2"
     shift 2
-    need_space "$root" 1000 "building Lumipad"
+    # What is built already needs little more.
+    [[ -f $folder/CMakeCache.txt ]] || need_space "$root" 1000 "building Lumipad"
+    use_writable_tmp
     if on_macos; then
         # Homebrew keeps Qt 5 out of the way of newer ones, where cmake does not look by itself.
         options+=("-DCMAKE_PREFIX_PATH=$(brew --prefix qt@5)")

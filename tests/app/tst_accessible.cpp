@@ -37,6 +37,9 @@ bool hasname(QAccessibleInterface* interface)
 QStringList nameless(QAccessibleInterface* interface)
 {
     QStringList found;
+    if (interface->state().invisible && interface->object() &&
+        interface->object()->objectName().startsWith(QLatin1String("qt_")))
+        return found;
     if (interface->object() && interface->object()->isWidgetType() && !hasname(interface))
         found << QStringLiteral("%1 %2").arg(QLatin1String(interface->object()->metaObject()->className()),
                                              interface->object()->objectName());

@@ -1,5 +1,6 @@
 #include "bounds.h"
 #include "devices.h"
+#include "xmlelements.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -152,6 +153,7 @@ private slots:
     void givesNoMappersForAMissingFolder();
     void isNotHeldUpByHostileFiles_data();
     void isNotHeldUpByHostileFiles();
+    void readsTheBuiltInLayoutsAsAnExportDoes();
     void listsAtMostAHundredMappersOfOneFile();
     void findsADeviceThatIsNamedInAnyWay_data();
     void findsADeviceThatIsNamedInAnyWay();
@@ -529,6 +531,23 @@ void DevicesTest::isNotHeldUpByHostileFiles()
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), (QStringList{"a", "z"}));
     QVERIFY2(timer.elapsed() < 30000, qPrintable(QString("%1 ms").arg(timer.elapsed())));
     QVERIFY2(peakmemory() - before < 400, qPrintable(QString("%1 MB").arg(peakmemory() - before)));
+}
+
+void DevicesTest::readsTheBuiltInLayoutsAsAnExportDoes()
+{
+    // At the start they are read by another reader, as a stream.
+    const QList<Record> devices = readdefaultmappers(":/mappings/Mappings").devices;
+    QVERIFY(devices.size() >= 7);
+    for (const Record& device : devices) {
+        const QList<XmlElement> layouts = readelements(device.value("path"), {"layout"});
+        QCOMPARE(layouts.size(), 1);
+        const Record& layout = layouts.first().attributes;
+        QCOMPARE(layout.value("name"), device.value("device"));
+        for (const char* key : {"fullrgb", "colors", "top", "left", "right", "bottom", "faders"})
+            QCOMPARE(layout.value(key), device.value(key));
+        QCOMPARE(layout.value("coloroff"), device.value("off"));
+        QCOMPARE(layout.value("coloron"), device.value("on"));
+    }
 }
 
 void DevicesTest::listsAtMostAHundredMappersOfOneFile()

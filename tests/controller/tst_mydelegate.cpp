@@ -336,7 +336,7 @@ void MydelegateTest::centersTheTextVertically()
 void MydelegateTest::cutsATallTextOffAtTheEdges()
 {
     const auto model = grid();
-    name(*model, 2, 2, "HHHH");
+    name(*model, 2, 2, "H");
     const QRect cell(20, 40, 95, 20);
     const QImage image = painted(model->index(2, 2), QStyle::State_Enabled, cell, hardEdged(60));
     const QRect text = extent(image, white);

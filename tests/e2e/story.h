@@ -9,7 +9,7 @@
 #include <QTest>
 
 /// What the stories share: each is a Qt Test program in which a person works in the real window. A test
-/// function begins with a `Story`, and all that follows is told inside `tell`.
+/// function tells its story inside `tell`, with a `StoryUser`.
 namespace Stories {
 
 /// A folder for the pictures of the running test function, emptied.
@@ -23,8 +23,14 @@ inline QString freshpictures()
     return folder;
 }
 
-/// The bytes of a golden file.
-inline QByteArray golden(const QString& name) { return contents(QStringLiteral(LUMIPAD_GOLDEN "/") + name); }
+/// The bytes of a golden file; throws `Trouble` when there is none of that name.
+inline QByteArray golden(const QString& name)
+{
+    const QString path = QStringLiteral(LUMIPAD_GOLDEN "/") + name;
+    if (!QFile::exists(path))
+        throw Trouble(QStringLiteral("The golden file %1 is missing.").arg(path));
+    return contents(path);
+}
 
 /// The bytes of a golden mapping, which holds a date, as it is written today.
 inline QByteArray goldenmapper(const QString& name, const Home& home)

@@ -11,7 +11,7 @@ private slots:
         Stories::tell([] {
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             user.requestclose();
             user.awaitend(0);
         });
@@ -22,7 +22,7 @@ private slots:
         Stories::tell([] {
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             user.dragbutton(1, 1);
             user.requestclose();
             user.awaitbox("The question whether to exit", 2);

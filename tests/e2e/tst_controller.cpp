@@ -89,11 +89,13 @@ private:
     /// The MIDI side with the show, unless it is open already.
     void openwindow()
     {
-        if (m_user)
+        if (m_user) {
+            m_user->setpictures(Stories::freshpictures());
             return;
+        }
         m_user = std::make_unique<StoryUser>();
         m_user->open();
-        m_user->loadshow("Demo Show");
+        m_user->loadshow("Tricky Names");
         m_user->switchto(Output::Midi);
         m_user->filledit("padsname", "Night");
     }

@@ -32,7 +32,7 @@ private slots:
             const QString name = QStringLiteral("Größe ½ {#1} Ночь 夜 ☾ 🌙");
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             user.dragbutton(1, 1);
             user.filledit("padsname", name);
             user.picturesettled("named");
@@ -51,7 +51,7 @@ private:
         user.await([&] { return user.shows("combobox", Look::comboArrow); },
                    "The box of the Live pages has no arrow.");
         user.picturesettled("1-started");
-        user.loadshow("Demo Show");
+        user.loadshow("Tricky Names");
         user.picturesettled("2-loaded");
     }
 

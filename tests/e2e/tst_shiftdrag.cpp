@@ -11,7 +11,7 @@ private slots:
         Stories::tell([] {
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             user.dragbutton(1, 1);
             user.dragbutton(2, 2, "Shift");
             user.dragbutton(3, 3);

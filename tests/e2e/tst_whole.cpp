@@ -9,7 +9,7 @@ const QString mapperName = QStringLiteral("Late Night");
 /// Gives what it was.
 QByteArray spoil(const QString& path)
 {
-    const QByteArray before = contents(path);
+    QByteArray before = contents(path);
     writefile(path, "to be overwritten\n");
     return before;
 }
@@ -28,7 +28,7 @@ private slots:
         Stories::tell([] {
             StoryUser user;
             user.open();
-            user.loadshow("Demo Show");
+            user.loadshow("Tricky Names");
             workonpads(user);
             workoncells(user);
             user.closeandconfirm();

@@ -145,6 +145,7 @@ private slots:
     void readingLeavesFileAndFolderAsTheyWere();
     void aChangedFileIsReadAnew();
     void theDemoShowIsRead();
+    void noNameOfTheDemoShowBreaksAnExport();
 
     void anAtSignInAKeyIsPlainText();
     void aShowIsReadUpToItsLargestSize();
@@ -868,6 +869,20 @@ void TestLightShow::theDemoShowIsRead()
         QVERIFY2(!button.value("title").isEmpty(), qPrintable(line(button)));
     QCOMPARE(column(show->buttons, "title").mid(0, 3), QStringList({"Strobe", "Blackout", "Slow Fade"}));
     QCOMPARE(column(show->buttons, "color").mid(0, 2), QStringList({"#FF0000", "#000000"}));
+}
+
+void TestLightShow::noNameOfTheDemoShowBreaksAnExport()
+{
+    const std::optional<LightShow> show =
+        readlightshow(QStringLiteral(EXAMPLES_DIR "/Demo Show/Live/live.ini"));
+    QVERIFY(show);
+    QStringList names = column(show->buttons, "title");
+    for (const Record& page : show->pages)
+        names << page.value("name");
+    for (const QString& name : names) {
+        for (const char sign : {'&', '<', '"', '\'', '`'})
+            QVERIFY2(!name.contains(sign), qPrintable(name));
+    }
 }
 
 void TestLightShow::anAtSignInAKeyIsPlainText()

@@ -27,13 +27,12 @@ void stop(int /*signal*/) { stopped = 1; }
 } // namespace
 
 Desktop::Desktop(const QString& program, const QString& pictures, const QString& show)
-    : m_programfile(program), m_pictures(pictures), m_home(show), m_pointer(m_display.connection()),
+    : m_programfile(program), m_home(show), m_pointer(m_display.connection()),
       m_keyboard(m_display.connection()), m_form(QStringLiteral(LUMIPAD_FORM))
 {
     std::signal(SIGINT, stop);
     std::signal(SIGTERM, stop);
-    if (!QDir().mkpath(m_pictures))
-        throw Trouble(QStringLiteral("The folder %1 cannot be made.").arg(m_pictures));
+    setpictures(pictures);
 }
 
 void Desktop::open()
@@ -42,7 +41,8 @@ void Desktop::open()
     m_mainwindow = 0;
     await(
         [this] {
-            for (const ScreenWindow& window : otherwindows())
+            const QVector<ScreenWindow> windows = otherwindows();
+            for (const ScreenWindow& window : windows)
                 if (window.title.contains(QLatin1String("Lumipad")))
                     m_mainwindow = window.id;
             return m_mainwindow != 0;
@@ -134,7 +134,8 @@ void Desktop::settle()
 
 ScreenWindow Desktop::mainwindow() const
 {
-    for (const ScreenWindow& window : windowsof(m_display.connection(), m_program.process()))
+    const QVector<ScreenWindow> all = windowsof(m_display.connection(), m_program.process());
+    for (const ScreenWindow& window : all)
         if (window.id == m_mainwindow)
             return window;
     return {};
@@ -143,7 +144,8 @@ ScreenWindow Desktop::mainwindow() const
 QVector<ScreenWindow> Desktop::otherwindows() const
 {
     QVector<ScreenWindow> others;
-    for (const ScreenWindow& window : windowsof(m_display.connection(), m_program.process()))
+    const QVector<ScreenWindow> all = windowsof(m_display.connection(), m_program.process());
+    for (const ScreenWindow& window : all)
         if (window.id != m_mainwindow)
             others.append(window);
     return others;
@@ -165,7 +167,8 @@ void Desktop::awaitgone(const ScreenWindow& window, const QString& what)
 {
     await(
         [&] {
-            for (const ScreenWindow& other : otherwindows())
+            const QVector<ScreenWindow> others = otherwindows();
+            for (const ScreenWindow& other : others)
                 if (other.id == window.id)
                     return false;
             return true;
@@ -229,6 +232,13 @@ void Desktop::picture(const QString& name, QRect part)
 {
     if (!screen(part).save(QStringLiteral("%1/%2.png").arg(m_pictures, name)))
         giveup(QStringLiteral("The picture %1 could not be saved.").arg(name));
+}
+
+void Desktop::setpictures(const QString& folder)
+{
+    if (!QDir().mkpath(folder))
+        throw Trouble(QStringLiteral("The folder %1 cannot be made.").arg(folder));
+    m_pictures = folder;
 }
 
 void Desktop::picturesettled(const QString& name)

@@ -103,6 +103,9 @@ public:
     void picturesettled(const QString& name);
     /// The folder that the pictures are in.
     QString pictures() const { return m_pictures; }
+    /// Has all further pictures saved in \a folder, which is made if missing; throws `Trouble` if it cannot
+    /// be.
+    void setpictures(const QString& folder);
 
 protected:
     /// The form that the window is made from.

@@ -51,7 +51,7 @@ void Program::start(const QString& program, const Home& home, const QString& dis
     m_started = true;
 }
 
-bool Program::childstate() { return childruns(m_process); }
+bool Program::runs() { return childruns(m_process); }
 
 int Program::exitcode() const
 {

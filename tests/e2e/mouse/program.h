@@ -18,17 +18,15 @@ public:
     void start(const QString& program, const Home& home, const QString& display);
 
     /// Whether it was started and still runs.
-    bool runs() { return m_started && childstate(); }
+    bool runs();
     /// Whether it was started and has ended, by itself or not.
-    bool hasended() { return m_started && !childstate(); }
+    bool hasended() { return m_started && !runs(); }
     /// The number of its process; 0 while it does not run.
     qint64 process() const { return m_process.processId(); }
     /// The exit code after its end; -1 when a signal ended it.
     int exitcode() const;
 
 private:
-    bool childstate();
-
     QProcess m_process;
     bool m_started = false;
 };

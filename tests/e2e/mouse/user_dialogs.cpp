@@ -19,7 +19,7 @@ QVector<QRect> User::boxbuttons() const
 
 ScreenWindow User::awaitbox(const QString& what, int buttons)
 {
-    const ScreenWindow box = awaitwindow(what);
+    ScreenWindow box = awaitwindow(what);
     idle();
     await([&] { return boxbuttons().size() == buttons; },
           QStringLiteral("%1 does not show its buttons, of which there are %2.").arg(what).arg(buttons));
