@@ -221,6 +221,13 @@ QRgb Desktop::color(QPoint point) const
     return pixel.isNull() ? 0 : pixel.pixel(0, 0);
 }
 
+bool Desktop::isdrawn(const ScreenWindow& window) const
+{
+    const QRect& area = window.geometry;
+    return color(area.topLeft()) == Look::frame && color(area.topRight()) == Look::frame &&
+           color(area.bottomLeft()) == Look::frame && color(area.bottomRight()) == Look::frame;
+}
+
 bool Desktop::shows(const QString& widget, QRgb color) const
 {
     return !rectangles(screen(rect(widget)), color, {1, 1}).isEmpty();

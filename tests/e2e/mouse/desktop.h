@@ -88,6 +88,8 @@ public:
 
     QImage screen(QRect part) const;
     QRgb color(QPoint point) const;
+    /// Whether a message box or context menu is drawn: until then what lies below can be seen in its place.
+    bool isdrawn(const ScreenWindow& window) const;
     /// Whether any pixel of the widget has the colour.
     bool shows(const QString& widget, QRgb color) const;
 

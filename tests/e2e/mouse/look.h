@@ -5,6 +5,7 @@
 /// The colours and measures that tell what the window shows, as its style sheets give them.
 namespace Look {
 constexpr QRgb background = 0xff202020; ///< of the central widget and of message boxes
+constexpr QRgb frame = 0xff505050;      ///< of message boxes and context menus
 constexpr QRgb button = 0xff303030;
 constexpr QRgb buttonUnderMouse = 0xff404040;
 constexpr QRgb comboArrow = 0xffbbbbbb;
@@ -15,7 +16,6 @@ constexpr QRgb editFrameWithKeyboard = 0xffaaaaaa;
 constexpr QRgb gridLine = 0xff252525;
 constexpr QRgb cellSelected = 0xff404040; ///< of the pads page too
 constexpr QRgb cellUnusable = 0xff303030; ///< the switch too
-constexpr QRgb menuBorder = 0xff505050;
 constexpr QRgb menuEntryUnderMouse = 0xff404040;
 
 constexpr int menuFrame = 3;      ///< what surrounds the entries of a context menu

@@ -103,7 +103,7 @@ public:
 
     // Menus (user_menus.cpp)
 
-    /// Waits until \a count menus are open.
+    /// Waits until \a count menus, at least 1, are open and drawn.
     void awaitmenus(int count);
     /// Clicks an entry of the context menu that is open on top as number \a depth. \a entries are all its
     /// entries from the top, "-" for a separator.

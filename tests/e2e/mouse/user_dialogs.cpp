@@ -8,8 +8,11 @@
 /// each shows a plain strip as wide as itself.
 QVector<QRect> User::boxbuttons() const
 {
-    const QRect box = otherwindows().value(0).geometry;
+    const ScreenWindow window = otherwindows().value(0);
+    const QRect& box = window.geometry;
     QVector<QRect> buttons;
+    if (!window.exists() || !isdrawn(window))
+        return buttons;
     const QVector<QRect> strips = rectangles(screen(box), Look::button, {40, 2});
     for (const QRect& strip : strips)
         if (strip.top() == strips.constFirst().top())

@@ -3,8 +3,6 @@
 #include "look.h"
 #include "user.h"
 
-#include <algorithm>
-
 namespace {
 
 /// Where the entry is in a menu with this geometry and these entries ("-" for a separator).
@@ -23,19 +21,19 @@ QRect entryrect(const QRect& menu, const QStringList& entries, const QString& en
 
 void User::awaitmenus(int count)
 {
-    const auto isdrawn = [this](const ScreenWindow& menu) {
-        return color(menu.geometry.topLeft()) == Look::menuBorder;
-    };
     await(
         [&] {
             const QVector<ScreenWindow> menus = otherwindows();
-            return menus.size() == count && std::all_of(menus.begin(), menus.end(), isdrawn);
+            // A menu opened earlier may be covered by the next one.
+            return menus.size() == count && isdrawn(menus.value(count - 1));
         },
         QStringLiteral("There are not %1 open menus.").arg(count));
 }
 
 void User::clickmenu(int depth, const QStringList& entries, const QString& entry)
 {
+    if (!entries.contains(entry))
+        giveup(QStringLiteral("The menu has no entry \"%1\".").arg(entry));
     awaitmenus(depth);
     const QRect place = entryrect(otherwindows().constLast().geometry, entries, entry);
     await(
