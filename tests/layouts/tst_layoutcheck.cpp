@@ -246,7 +246,8 @@ void LayoutCheckTest::saysWhatIsNoLayout_data()
     QTest::newRow("cut short") << layoutname << head + "<layout name=\"X\">\r\n"
                                << "this is no well-formed XML";
     QTest::newRow("empty") << layoutname << QByteArray() << "this is no well-formed XML";
-    QTest::newRow("zero bytes") << layoutname << QByteArray(100, '\0') << "the program refuses to read this document";
+    QTest::newRow("zero bytes") << layoutname << QByteArray(100, '\0')
+                                << "the program refuses to read this document";
     QTest::newRow("another root") << layoutname << head + "<mapper/>\r\n"
                                   << "line 2: the outermost element is \"mapper\" and must be \"layout\".";
     QTest::newRow("entities") << layoutname
