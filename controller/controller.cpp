@@ -11,7 +11,6 @@
 #include <QColor>
 #include <QImage>
 
-#include <algorithm>
 
 namespace {
 
@@ -155,20 +154,12 @@ bool Controller::drop(const show::Payload& payload, const QModelIndex& target)
     return true;
 }
 
-bool Controller::removeRows(int row, int count, const QModelIndex& parent)
+void Controller::takeaway(int row, int count)
 {
-    if (parent.isValid() || row < 0 || count < 0)
-        return false;
-    const int existing = std::min(count, rowCount() - row);
-    if (existing < 1)
-        return true;
-    beginRemoveRows(parent, row, row + existing - 1);
-    for (int i = 0; i < existing; ++i) {
+    for (int i = 0; i < count; ++i) {
         for (int k = 0; k < Grid::Lines && row + k < m_rows.size(); ++k)
             m_rows.removeAt(row + k);
     }
-    endRemoveRows();
-    return true;
 }
 
 Qt::ItemFlags Controller::flags(const QModelIndex& index) const

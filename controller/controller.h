@@ -20,10 +20,6 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     /// Eleven fields per cell; the caller owns the result.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
-    /// Announces rows \a row to \a row + \a count - 1 as removed, as far as they exist. Then, once for each
-    /// of them, takes away every other row from \a row on, twelve at most: together often more than
-    /// announced. Callers only ever remove all rows, where both agree. False for a negative row or count.
-    bool removeRows(int row, int count, const QModelIndex& parent = QModelIndex()) override;
     /// Only usable cells take drops and only cells with a Live Button can be dragged.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
@@ -41,6 +37,9 @@ signals:
 
 protected:
     Record newrecord() const override;
+    /// Once for each of \a count rows, takes away every other row from \a row on, twelve at most: together
+    /// often more than announced. Callers only ever remove all rows, where both agree.
+    void takeaway(int row, int count) override;
     /// Rich text with the pad's own colours as images; none for a cell without a Live Button or out of use. A
     /// Live Button's name is shown as it stands, also where it looks like markup.
     QVariant tooltip(const QModelIndex& index) const override;

@@ -188,9 +188,14 @@ bool RecordModel::removeRows(int row, int count, const QModelIndex& parent)
     if (existing < 1)
         return true;
     beginRemoveRows(parent, row, row + existing - 1);
-    m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + existing);
+    takeaway(row, existing);
     endRemoveRows();
     return true;
+}
+
+void RecordModel::takeaway(int row, int count)
+{
+    m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + count);
 }
 
 QList<QList<Record>> RecordModel::rows() const { return m_rows; }

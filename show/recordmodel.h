@@ -86,6 +86,8 @@ protected:
 
     /// What a new row holds in every column.
     virtual Record newrecord() const = 0;
+    /// Takes \a count existing rows at \a row away, which the model announces.
+    virtual void takeaway(int row, int count);
     /// The tool tip of an existing record; invalid for none.
     virtual QVariant tooltip(const QModelIndex& index) const = 0;
     /// What is stored of \a text under \a role; the text itself unless a model has a rule.

@@ -1,5 +1,6 @@
 #include "bounds.h"
 #include "keylist.h"
+#include "testrecords.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -11,32 +12,6 @@
 using namespace controller;
 
 namespace {
-
-/// One record on one line: its keys in alphabetical order.
-QString line(const Record& record)
-{
-    QStringList parts;
-    for (auto field = record.cbegin(); field != record.cend(); ++field)
-        parts.append(field.key() + '=' + field.value());
-    return parts.join('|');
-}
-
-QStringList lines(const QList<Record>& records)
-{
-    QStringList result;
-    for (const Record& record : records)
-        result.append(line(record));
-    return result;
-}
-
-/// The texts under one key of all records.
-QStringList column(const QList<Record>& records, const QString& key)
-{
-    QStringList result;
-    for (const Record& record : records)
-        result.append(record.contains(key) ? record.value(key) : QStringLiteral("(none)"));
-    return result;
-}
 
 /// A layout and a mapping in a folder of their own.
 class Pair

@@ -1,4 +1,5 @@
 #include "lightshow.h"
+#include "testrecords.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,32 +26,6 @@ template<int size>
 QByteArray bytesOf(const char (&literal)[size])
 {
     return QByteArray(literal, size - 1);
-}
-
-/// One record on one line: its keys in alphabetical order.
-QString line(const Record& record)
-{
-    QStringList parts;
-    for (auto field = record.cbegin(); field != record.cend(); ++field)
-        parts.append(field.key() + '=' + field.value());
-    return parts.join('|');
-}
-
-QStringList lines(const QList<Record>& records)
-{
-    QStringList result;
-    for (const Record& record : records)
-        result.append(line(record));
-    return result;
-}
-
-/// The texts under one key of all records.
-QStringList column(const QList<Record>& records, const QString& key)
-{
-    QStringList result;
-    for (const Record& record : records)
-        result.append(record.contains(key) ? record.value(key) : QStringLiteral("(none)"));
-    return result;
 }
 
 /// A show of one page with one button, whose group holds the lines \a group.
