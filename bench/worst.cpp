@@ -16,6 +16,10 @@
 
 #include <cstdio>
 
+using namespace controller;
+using namespace project;
+using namespace show;
+
 namespace {
 
 /// As much of a file as \a bytes allow and \a parts of it.
@@ -103,6 +107,9 @@ bool drop()
     return decodepayload(&data, PayloadBlink + 1).has_value();
 }
 
+/// Without a `project` element its cells are those of a pads page.
+bool readcells(const QByteArray& text) { return !std::get<PadCells>(readproject(text).cells).isEmpty(); }
+
 bool read(const QByteArray& reader)
 {
     const QTemporaryDir folder;
@@ -112,10 +119,9 @@ bool read(const QByteArray& reader)
     if (reader == "show-lines")
         return readshow(path, wideshow());
     if (reader == "project-cells")
-        return !readproject(filled("<a>", "<key a='' b='' c=''/>", "</a>", maxXmlSize, maxXmlParts / 4 - 1))
-                    .keys.isEmpty();
+        return readcells(filled("<a>", "<key a='' b='' c=''/>", "</a>", maxXmlSize, maxXmlParts / 4 - 1));
     if (reader == "project-name")
-        return !readproject(filled("<key name='", "\t", "'/>", maxXmlSize, maxXmlSize)).keys.isEmpty();
+        return readcells(filled("<key name='", "\t", "'/>", maxXmlSize, maxXmlSize));
     if (reader == "mappers")
         return readfolder(folder);
     if (reader == "export")
