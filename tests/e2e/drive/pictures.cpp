@@ -14,9 +14,12 @@ void calm(User& user, const QStringList& combos)
                 return user.color(frame) == Look::comboFrameUnderMouse;
             },
             QStringLiteral("%1 did not light up under the mouse.").arg(combo));
-        user.idle();
-        user.await([&] { return user.color(frame) == Look::comboFrame; },
-                   QStringLiteral("%1 did not go dark when the mouse left it.").arg(combo));
+        user.await(
+            [&] {
+                user.idle();
+                return user.color(frame) == Look::comboFrame;
+            },
+            QStringLiteral("%1 did not go dark when the mouse left it.").arg(combo));
     }
     user.pointer().click(user.listrow(1));
     user.settle();

@@ -121,15 +121,17 @@ void Desktop::settle()
     const QPoint edge(button.left() + 6, button.center().y());
     await(
         [&] {
-            // The first move is lost when a dialog that has just disappeared still keeps the mouse from the
-            // window.
+            // Moves are lost when a dialog that has just disappeared still keeps the mouse from the window.
             hover(edge);
             return color(edge) == Look::buttonUnderMouse;
         },
         QStringLiteral("The Export button did not light up under the mouse."));
-    idle();
-    await([&] { return color(edge) == Look::button; },
-          QStringLiteral("The Export button did not go dark when the mouse left it."));
+    await(
+        [&] {
+            idle();
+            return color(edge) == Look::button;
+        },
+        QStringLiteral("The Export button did not go dark when the mouse left it."));
 }
 
 ScreenWindow Desktop::mainwindow() const
@@ -202,7 +204,7 @@ QRect Desktop::rect(const QString& widget) const { return onscreen(m_form.rect(w
 void Desktop::idle()
 {
     // Below the field for the name the window is empty.
-    m_pointer.move(rect(QStringLiteral("padsname")).bottomRight() + QPoint(40, 40));
+    hover(rect(QStringLiteral("padsname")).bottomRight() + QPoint(40, 40));
 }
 
 void Desktop::click(const QString& widget) { m_pointer.click(rect(widget).center()); }

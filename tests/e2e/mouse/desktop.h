@@ -76,7 +76,7 @@ public:
     QRect rect(const QString& widget) const;
     /// The same rectangle of the central widget moved to where it is on the screen.
     QRect onscreen(QRect incentralwidget) const { return incentralwidget.translated(m_corner); }
-    /// Moves the mouse to where nothing lights up under it.
+    /// The mouse to where nothing lights up under it, as `hover` moves it.
     void idle();
     /// Clicks the middle of a widget.
     void click(const QString& widget);

@@ -23,19 +23,27 @@ QVector<QRect> User::boxbuttons() const
 ScreenWindow User::awaitbox(const QString& what, int buttons)
 {
     ScreenWindow box = awaitwindow(what);
-    idle();
-    await([&] { return boxbuttons().size() == buttons; },
-          QStringLiteral("%1 does not show its buttons, of which there are %2.").arg(what).arg(buttons));
+    await(
+        [&] {
+            idle();
+            return boxbuttons().size() == buttons;
+        },
+        QStringLiteral("%1 does not show its buttons, of which there are %2.").arg(what).arg(buttons));
     return box;
 }
 
 void User::pressbutton(int number)
 {
     const ScreenWindow box = awaitwindow(QStringLiteral("The box"));
-    idle();
-    await([&] { return boxbuttons().size() >= number; },
-          QStringLiteral("The box has no button number %1.").arg(number));
-    pointer().click(boxbuttons().at(number - 1).center());
+    QVector<QRect> buttons;
+    await(
+        [&] {
+            idle();
+            buttons = boxbuttons();
+            return buttons.size() >= number;
+        },
+        QStringLiteral("The box has no button number %1.").arg(number));
+    pointer().click(buttons.at(number - 1).center());
     awaitgone(box, QStringLiteral("The box"));
 }
 
