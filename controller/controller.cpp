@@ -11,7 +11,6 @@
 #include <QColor>
 #include <QImage>
 
-
 namespace {
 
 const QVector<RecordRole>& roles()

@@ -124,13 +124,13 @@ void RecordModel::touch()
     if (m_touched)
         return;
     m_touched = true;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_touched = false;
-            emit recordsChanged();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "announce", Qt::QueuedConnection);
+}
+
+void RecordModel::announce()
+{
+    m_touched = false;
+    emit recordsChanged();
 }
 
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -110,6 +110,8 @@ private:
     class WatchedChange;
 
     const RecordRole* keptrole(int role) const;
+    /// Emits what `touch` has asked for.
+    Q_INVOKABLE void announce();
 
     int m_columns;
     QVector<RecordRole> m_roles;
