@@ -13,10 +13,11 @@ public:
             keyboard().key(key);
     }
 
-    /// Presses \a key in a message box with \a buttons buttons and waits until that is gone.
-    void answer(int buttons, const QString& key)
+    /// Presses \a key in the message box that comes up and waits until that is gone.
+    void answer(const QString& key)
     {
-        const ScreenWindow box = awaitbox("A message", buttons);
+        const ScreenWindow box = awaitwindow("A message");
+        await([&] { return isdrawn(box); }, "The message was not drawn.");
         focus(box);
         keys(key);
         awaitgone(box, "The message");
@@ -87,7 +88,7 @@ void KeyboardStory::pads_are_filled_named_undone_exported_saved_and_loaded()
         user.keys("Ctrl+Z", 2);
         user.keys("Ctrl+Shift+Z");
         user.keys("Ctrl+Shift+E");
-        user.answer(1, "Return");
+        user.answer("Return");
         QByteArray page = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"OS2L DMX\">\n" +
                           pad(1, "Strobe", "Tunnel and Fog") + pad(2, "Blackout", "") +
                           pad(3, "Slow Fade", "");
@@ -104,27 +105,27 @@ void KeyboardStory::pads_are_filled_named_undone_exported_saved_and_loaded()
         user.focusmain();
         user.keys("Ctrl+S");
         user.typefile("Save your Lumipad Project", project);
-        user.answer(1, "Return");
+        user.answer("Return");
         const QByteArray saved = contents(project);
 
         // The work is replaced by a load; what is saved again is the same.
         user.focusmain();
         user.keys("Ctrl+Z");
         user.keys("Ctrl+Shift+O");
-        user.answer(3, "Alt+Y");
+        user.answer("Alt+Y");
         user.typefile("Select a Lumipad Project", project);
         user.awaitalone("The dialog");
         user.focusmain();
         user.keys("Ctrl+S");
         user.typefile("Save your Lumipad Project", project);
-        user.answer(2, "Alt+Y");
-        user.answer(1, "Return");
+        user.answer("Alt+Y");
+        user.answer("Return");
         user.expectfile(project, saved);
         user.picture("2-loaded");
 
         user.focusmain();
         user.keys("Ctrl+Q");
-        user.answer(2, "Alt+Y");
+        user.answer("Alt+Y");
         user.awaitend(0);
     });
 }
@@ -169,7 +170,7 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         user.keys("Return");
         user.awaitmenusgone();
         user.keys("Ctrl+Shift+E");
-        user.answer(1, "Return");
+        user.answer("Return");
         const QByteArray mapping = contents(user.home().mapper("Akai APC Mini", "OS2L DMX"));
         user.picture("2-exported");
         for (const QByteArray& line :
@@ -185,7 +186,7 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         }
         user.focusmain();
         user.keys("Ctrl+Q");
-        user.answer(2, "Alt+Y");
+        user.answer("Alt+Y");
         user.awaitend(0);
     });
 }
