@@ -303,6 +303,7 @@ private:
     void fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     QMenu* newmenu();
     const OutputMode& chosenoutput() const;
+    const OutputMode& outputat(int output) const { return outputs.at(static_cast<std::size_t>(output)); }
     void placeoutput(const OutputMode& output, int width);
     void showoutput(const OutputMode& output, int width);
     void removepads(const OutputMode& output, const QModelIndexList& pads);

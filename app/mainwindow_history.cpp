@@ -27,11 +27,11 @@ QStringList texts(const QComboBox* combo)
 void MainWindow::setuphistory()
 {
     for (int output = 0; output < static_cast<int>(outputs.size()); ++output) {
-        connect(outputs.at(output).radio, &QRadioButton::toggled, this, [this, output](bool checked) {
+        connect(outputat(output).radio, &QRadioButton::toggled, this, [this, output](bool checked) {
             if (checked)
                 history->follow(output);
         });
-        outputs.at(output).grid->watchchanges([this] { history->begin(); }, [this] { history->end(); });
+        outputat(output).grid->watchchanges([this] { history->begin(); }, [this] { history->end(); });
     }
     connect(ui->radioButton_16pads, &QRadioButton::toggled, this, &MainWindow::choicechanged);
     for (const QComboBox* combo : {ui->mididevices, ui->combo_offcolor, ui->combo_oncolor})
@@ -67,7 +67,7 @@ void MainWindow::redo()
 app::Work MainWindow::takework(int output) const
 {
     app::Work work;
-    work.pads = outputs.at(output).grid->rows();
+    work.pads = outputat(output).grid->rows();
     if (output == PadsOutput) {
         work.banks = banks;
         work.bank = ui->bankcombo->currentIndex();
@@ -80,7 +80,7 @@ app::Work MainWindow::takework(int output) const
         work.onColor = choices.onColor;
         work.switchPad = switchPad;
     }
-    if (&outputs.at(output) == &chosenoutput()) {
+    if (&outputat(output) == &chosenoutput()) {
         work.name = choices.name;
         work.marks = app::Marks{dmxModel->rows(), buttons};
     }
@@ -89,7 +89,7 @@ app::Work MainWindow::takework(int output) const
 
 void MainWindow::putwork(int output, const app::Work& work)
 {
-    const OutputMode& mode = outputs.at(output);
+    const OutputMode& mode = outputat(output);
     mode.grid->setrows(work.pads);
     if (output == PadsOutput)
         putpadspage(work);

@@ -220,7 +220,7 @@ void Walk::makesafe(int start, int end)
         const char sign = m_text.at(at).toLatin1();
         if (sign != '\t' && sign != '\n' && sign != '\r')
             continue;
-        m_safe += m_text.mid(m_copied, at - m_copied);
+        m_safe.append(m_text.constData() + m_copied, at - m_copied);
         m_safe += QLatin1String(sign == '\t' ? "&#9;" : sign == '\n' ? "&#10;" : "&#13;");
         m_copied = at + 1;
     }

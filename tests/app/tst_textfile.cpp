@@ -178,8 +178,10 @@ void TextFileTest::keepsTheFileInAClosedFolderWhenItMayNotGrow()
 void TextFileTest::keepsTheFileInAClosedFolderOnAFullDisk()
 {
     const SmallDisk disk(m_folder->path(), "size=64k,mode=755");
-    if (!disk.ismounted())
-        QSKIP("Only the administrator can make a disk of its own for this test.");
+    if (!disk.ismounted()) {
+        QTest::qSkip("Only the administrator can make a disk of its own for this test.", __FILE__, __LINE__);
+        return;
+    }
     for (const int size : {70000, 100000, 10000000}) {
         writefile(path(), QByteArray(5000, 'o'));
         writefile(path("other"), QByteArray(20000, 'x'));
@@ -201,8 +203,10 @@ void TextFileTest::keepsTheFileInAClosedFolderOnAFullDisk()
 void TextFileTest::keepsTheFileOnAFullDisk()
 {
     const SmallDisk disk(m_folder->path(), "size=64k,mode=755");
-    if (!disk.ismounted())
-        QSKIP("Only the administrator can make a disk of its own for this test.");
+    if (!disk.ismounted()) {
+        QTest::qSkip("Only the administrator can make a disk of its own for this test.", __FILE__, __LINE__);
+        return;
+    }
     writefile(path(), QByteArray(5000, 'o'));
     QVERIFY(!writetextfile(path(), QString(100000, 'n')));
     QCOMPARE(contents(path()), QByteArray(5000, 'o'));

@@ -82,18 +82,21 @@ QStringList untranslated(const QWidget* window)
 {
     QStringList found;
     QList<const QWidget*> widgets{window};
-    for (const QWidget* child : window->findChildren<QWidget*>())
+    const QList<QWidget*> children = window->findChildren<QWidget*>();
+    for (const QWidget* child : children)
         widgets.append(child);
     for (const QWidget* widget : std::as_const(widgets)) {
         // The toolkit's own parts speak the toolkit's language.
         if (widget->objectName().startsWith(QLatin1String("qt_")))
             continue;
-        for (const QString& text : textsof(widget)) {
+        const QStringList texts = textsof(widget);
+        for (const QString& text : texts) {
             if (!istranslated(text))
                 found << widget->objectName() + ": " + text;
         }
     }
-    for (const QAction* action : window->findChildren<QAction*>()) {
+    const QList<QAction*> actions = window->findChildren<QAction*>();
+    for (const QAction* action : actions) {
         if (!action->text().isEmpty() && !istranslated(action->text()))
             found << action->objectName() + ": " + action->text();
     }
@@ -104,7 +107,8 @@ QStringList untranslated(const QWidget* window)
 QStringList untranslated(const QMenu* menu, const QStringList& names)
 {
     QStringList found;
-    for (const QAction* action : menu->actions()) {
+    const QList<QAction*> actions = menu->actions();
+    for (const QAction* action : actions) {
         if (action->menu())
             found += untranslated(action->menu(), names);
         if (!action->isSeparator() && !names.contains(action->text().trimmed()) &&
