@@ -854,7 +854,7 @@ void TestLightShow::noNameOfTheDemoShowBreaksAnExport()
     QStringList names = column(show->buttons, "title");
     for (const Record& page : show->pages)
         names << page.value("name");
-    for (const QString& name : names) {
+    for (const QString& name : std::as_const(names)) {
         for (const char sign : {'&', '<', '"', '\'', '`'})
             QVERIFY2(!name.contains(sign), qPrintable(name));
     }
@@ -930,7 +930,8 @@ void TestLightShow::pagesThatShareTheirButtonsAreReadUpToABound()
     // The same with few values, but long ones. An "@" makes every copy one of its own.
     text.replace("k1=v", "title=" + QByteArray(1000000, '@'));
     int characters = 0;
-    for (const Record& button : read(text).buttons)
+    const QList<Record> copies = read(text).buttons;
+    for (const Record& button : copies)
         characters += button.value("title").size();
     QVERIFY(characters <= maxShowCharacters);
 }
