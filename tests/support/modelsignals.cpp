@@ -5,11 +5,11 @@
 
 ModelSignals::ModelSignals(const QAbstractItemModel& model, Which which)
 {
-    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("note()"));
+    const int slot = metaObject()->indexOfSlot("note()");
     const QMetaObject* meta = which == All ? model.metaObject() : &QAbstractItemModel::staticMetaObject;
     for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
         if (meta->method(i).methodType() == QMetaMethod::Signal &&
-            !connect(&model, meta->method(i), this, slot))
+            !QMetaObject::connect(&model, i, this, slot))
             qFatal("A signal of the model cannot be counted");
     }
 }

@@ -166,7 +166,10 @@ void Judge::pagein(const PadsPageFile& file, const PageWork& work)
         numbers.append(pad);
     if (file.name != work.name)
         complain(QStringLiteral("the page is named \"%1\"").arg(file.name));
-    if (file.pads.keys() != numbers || file.parameters.keys() != QList<int>{1})
+    QList<int> padnumbers;
+    for (auto pad = file.pads.cbegin(); pad != file.pads.cend(); ++pad)
+        padnumbers.append(pad.key());
+    if (padnumbers != numbers || file.parameters.size() != 1 || !file.parameters.contains(1))
         complain(QStringLiteral("the page has other pads or parameters"));
     for (auto pad = file.pads.cbegin(); pad != file.pads.cend(); ++pad) {
         for (const QString& text : {pad->name, pad->color, pad->action})
