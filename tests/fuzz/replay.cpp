@@ -11,7 +11,7 @@ namespace {
 
 /// What reading one input may take of memory. Programs under a sanitizer keep freed memory and are not held
 /// to it.
-constexpr long maxKilobytes = 300 * 1024;
+constexpr long maxKilobytes = 300L * 1024;
 
 /// The most memory that the program has had so far, in kilobytes.
 long peakmemory()

@@ -115,7 +115,7 @@ bool chooses(const QString& light)
 QString lightafter(const MappingWork& work, const Control& control, Deviations* deviations)
 {
     const MappingWork::Cell cell = work.cellof(control);
-    const QString light = work.factory.value(control.led);
+    QString light = work.factory.value(control.led);
     if (work.isswitch(control)) {
         if (control.type == Control::Type::Button)
             return QString();
