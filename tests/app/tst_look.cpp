@@ -1,18 +1,15 @@
 // What is drawn beside the style sheets: the focus, the circles of the radio buttons, the rows of popups, the
 // swatches, the window's icon.
 
-#include "controller.h"
+#include "midiwindow.h"
 #include "mymodel.h"
 #include "testmain.h"
-#include "testshows.h"
-#include "testwindow.h"
 #include "vdjmodel.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -102,39 +99,34 @@ private slots:
     void windowsHaveTheProgramsIcon();
 
 private:
-    void load();
+    void fillpads();
     void choosemidi()
     {
         QTest::mouseClick(m_window->child<QRadioButton>("radio_outputmidi"), Qt::LeftButton);
     }
 
-    std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<TestWindow> m_window;
+    std::unique_ptr<MidiWindow> m_work;
+    TestWindow* m_window = nullptr;
 };
 
 void LookTest::init()
 {
-    m_home = std::make_unique<TestHome>();
-    m_window = std::make_unique<TestWindow>();
+    m_work = std::make_unique<MidiWindow>(MidiWindow::Output::Pads);
+    m_window = &m_work->window;
     QVERIFY(m_window->showready());
 }
 
 void LookTest::cleanup()
 {
-    m_window.reset();
-    m_home.reset();
+    m_window = nullptr;
+    m_work.reset();
 }
 
-/// Loads a show, and puts its first Live Button, which is red, onto a pad of each output.
-void LookTest::load()
+/// Puts the first Live Button, which is red, onto a pad of each output.
+void LookTest::fillpads()
 {
-    QVERIFY(
-        m_window->loadshowname(writeshow(*m_home, QStringLiteral("Gig")) + QStringLiteral("/Live/live.ini")));
-    const std::unique_ptr<QMimeData> button(m_window->dmxModel->mimeData({m_window->dmxModel->index(0, 0)}));
-    QVERIFY(m_window->vdjModel->dropMimeData(button.get(), Qt::CopyAction, -1, -1,
-                                             m_window->vdjModel->index(1, 0)));
-    QVERIFY(m_window->controllerModel->dropMimeData(button.get(), Qt::CopyAction, -1, -1,
-                                                    m_window->controllerModel->index(3, 3)));
+    m_work->drop(0, m_work->pad(1));
+    m_work->drop(0, m_work->cell(3, 3));
 }
 
 void LookTest::theControlWithTheFocusHasARing_data()
@@ -161,10 +153,10 @@ void LookTest::theControlWithTheFocusHasARing()
     const QRect ring = placeof(control).adjusted(-2, -2, 2, 2);
     // A name has the focus now, which shows that in its own border.
     m_window->child<QLineEdit>("padsname")->setFocus();
-    QVERIFY(!edgecolors(pictureof(m_window.get()), ring).contains(ringColor.name()));
+    QVERIFY(!edgecolors(pictureof(m_window), ring).contains(ringColor.name()));
     control->setFocus();
     QVERIFY(control->hasFocus());
-    QCOMPARE(edgecolors(pictureof(m_window.get()), ring), QSet<QString>{ringColor.name()});
+    QCOMPARE(edgecolors(pictureof(m_window), ring), QSet<QString>{ringColor.name()});
     QVERIFY(contrast(ringColor, QColor(0x30, 0x30, 0x30)) >= 3);
 }
 
@@ -173,7 +165,7 @@ void LookTest::aNameWithTheFocusHasItsOwnBorder()
     for (const char* name : {"bankname", "padsname"}) {
         auto* edit = m_window->child<QLineEdit>(name);
         edit->setFocus();
-        const QImage picture = pictureof(m_window.get());
+        const QImage picture = pictureof(m_window);
         QCOMPARE(edgecolors(picture, placeof(edit)), QSet<QString>{ringColor.name()});
         QVERIFY(!edgecolors(picture, placeof(edit).adjusted(-2, -2, 2, 2)).contains(ringColor.name()));
     }
@@ -196,7 +188,7 @@ void LookTest::theCurrentCellHasARing()
     QFETCH(const QByteArray, name);
     QFETCH(const int, row);
     QFETCH(const int, column);
-    load();
+    fillpads();
     if (midi)
         choosemidi();
     auto* view = m_window->child<QTableView>(name.constData());
@@ -206,15 +198,15 @@ void LookTest::theCurrentCellHasARing()
     const QModelIndex cell = view->model()->index(row, column);
     view->setFocus();
     view->setCurrentIndex(cell);
-    QCOMPARE(edgecolors(pictureof(m_window.get()), place(cell)), QSet<QString>{ringColor.name()});
+    QCOMPARE(edgecolors(pictureof(m_window), place(cell)), QSet<QString>{ringColor.name()});
     QTest::keyClick(view, Qt::Key_Up);
     const QModelIndex above = view->model()->index(row - 1, column);
     QCOMPARE(view->currentIndex(), above);
-    const QImage picture = pictureof(m_window.get());
+    const QImage picture = pictureof(m_window);
     QCOMPARE(edgecolors(picture, place(above)), QSet<QString>{ringColor.name()});
     QVERIFY(!edgecolors(picture, place(cell)).contains(ringColor.name()));
     m_window->child<QPushButton>("loadini")->setFocus();
-    QVERIFY(!edgecolors(pictureof(m_window.get()), place(above)).contains(ringColor.name()));
+    QVERIFY(!edgecolors(pictureof(m_window), place(above)).contains(ringColor.name()));
 }
 
 void LookTest::theRingGoesWithTheWindowsFocus()
@@ -222,15 +214,15 @@ void LookTest::theRingGoesWithTheWindowsFocus()
     auto* button = m_window->child<QPushButton>("loadini");
     const QRect ring = placeof(button).adjusted(-2, -2, 2, 2);
     QVERIFY(button->hasFocus());
-    QCOMPARE(edgecolors(pictureof(m_window.get()), ring), QSet<QString>{ringColor.name()});
+    QCOMPARE(edgecolors(pictureof(m_window), ring), QSet<QString>{ringColor.name()});
     QWidget other;
     other.show();
     other.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&other));
-    QVERIFY(!edgecolors(pictureof(m_window.get()), ring).contains(ringColor.name()));
+    QVERIFY(!edgecolors(pictureof(m_window), ring).contains(ringColor.name()));
     m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    QCOMPARE(edgecolors(pictureof(m_window.get()), ring), QSet<QString>{ringColor.name()});
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
+    QCOMPARE(edgecolors(pictureof(m_window), ring), QSet<QString>{ringColor.name()});
 }
 
 void LookTest::theRingFollowsTheScrolledRow()
@@ -238,8 +230,7 @@ void LookTest::theRingFollowsTheScrolledRow()
     TestPage page{QStringLiteral("Many"), {}};
     for (int button = 0; button < 30; ++button)
         page.buttons.append({QStringLiteral("Button"), 0});
-    QVERIFY(m_window->loadshowname(writeshow(*m_home, QStringLiteral("Gig"), {page}) +
-                                   QStringLiteral("/Live/live.ini")));
+    m_work->loadshow(QStringLiteral("Many"), {page});
     auto* view = m_window->child<QTableView>("dmxlistview");
     view->setFocus();
     view->setCurrentIndex(m_window->dmxModel->index(0, 0));
@@ -249,18 +240,18 @@ void LookTest::theRingFollowsTheScrolledRow()
     const QRect viewport = placeof(view->viewport());
     const QRect row = view->visualRect(view->currentIndex()).translated(viewport.topLeft());
     QVERIFY(viewport.contains(row));
-    QCOMPARE(edgecolors(pictureof(m_window.get()), row), QSet<QString>{ringColor.name()});
+    QCOMPARE(edgecolors(pictureof(m_window), row), QSet<QString>{ringColor.name()});
     // A row that was scrolled away has no ring, also not over what lies beside the list.
     view->scrollToTop();
-    const QImage away = pictureof(m_window.get());
+    const QImage away = pictureof(m_window);
     view->setCurrentIndex(QModelIndex());
     view->scrollToTop();
-    QCOMPARE(away, pictureof(m_window.get()));
+    QCOMPARE(away, pictureof(m_window));
 }
 
 void LookTest::buttonsOfBoxesHaveARing()
 {
-    load();
+    fillpads();
     m_window->showName = QStringLiteral("Gig");
     QSet<QString> message;
     QSet<QString> about;
@@ -283,11 +274,11 @@ void LookTest::buttonsOfBoxesHaveARing()
 
 void LookTest::theRingLeavesTheMouseAlone()
 {
-    load();
+    fillpads();
     auto* pads = m_window->child<QTableView>("vdjlistview");
     pads->setFocus();
     const QRect pad = pads->visualRect(m_window->vdjModel->index(6, 0));
-    const QPoint place = pads->viewport()->mapTo(m_window.get(), pad.topLeft());
+    const QPoint place = pads->viewport()->mapTo(m_window, pad.topLeft());
     QCOMPARE(m_window->childAt(place), pads->viewport());
     QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, place);
     QCOMPARE(pads->currentIndex(), QModelIndex(m_window->vdjModel->index(6, 0)));
@@ -352,7 +343,7 @@ void LookTest::popupsShowTheCurrentAndTheHoveredRow()
 {
     QFETCH(const bool, midi);
     QFETCH(const QByteArray, name);
-    load();
+    fillpads();
     if (midi)
         choosemidi();
     auto* combo = m_window->child<QComboBox>(name.constData());
@@ -394,7 +385,7 @@ void LookTest::selectedSwatchesKeepTheirColor()
     QFETCH(const int, row);
     QFETCH(const int, column);
     QFETCH(const int, area);
-    load();
+    fillpads();
     if (midi)
         choosemidi();
     auto* view = m_window->child<QTableView>(name.constData());

@@ -1,13 +1,8 @@
 // The window at one scale of the screen: the one that the environment gives (QT_FONT_DPI, QT_SCALE_FACTOR). A
 // scale holds for a whole process, so ctest runs this program once for each.
 
-#include "controller.h"
-#include "mymodel.h"
+#include "midiwindow.h"
 #include "testdialogs.h"
-#include "testhome.h"
-#include "testshows.h"
-#include "testwindow.h"
-#include "vdjmodel.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -16,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -115,38 +109,33 @@ private:
         QTest::newRow("MIDI mapping") << true;
     }
 
-    /// Switches to the output of the current row, with a show loaded and a pad of each output filled.
+    /// Switches to the output of the current row, with a pad of each output filled.
     void prepare();
     /// Every widget that can be seen, and the window itself.
     QList<QWidget*> seen() const;
 
-    std::unique_ptr<TestHome> m_home;
-    std::unique_ptr<TestWindow> m_window;
+    std::unique_ptr<MidiWindow> m_work;
+    TestWindow* m_window = nullptr;
 };
 
 void ScreensTest::init()
 {
-    m_home = std::make_unique<TestHome>();
-    m_window = std::make_unique<TestWindow>();
+    m_work = std::make_unique<MidiWindow>(MidiWindow::Output::Pads);
+    m_window = &m_work->window;
     QVERIFY(m_window->showready());
 }
 
 void ScreensTest::cleanup()
 {
-    m_window.reset();
-    m_home.reset();
+    m_window = nullptr;
+    m_work.reset();
 }
 
 void ScreensTest::prepare()
 {
     QFETCH(const bool, midi);
-    QVERIFY(
-        m_window->loadshowname(writeshow(*m_home, QStringLiteral("Gig")) + QStringLiteral("/Live/live.ini")));
-    const std::unique_ptr<QMimeData> button(m_window->dmxModel->mimeData({m_window->dmxModel->index(0, 0)}));
-    QVERIFY(m_window->vdjModel->dropMimeData(button.get(), Qt::CopyAction, -1, -1,
-                                             m_window->vdjModel->index(1, 0)));
-    QVERIFY(m_window->controllerModel->dropMimeData(button.get(), Qt::CopyAction, -1, -1,
-                                                    m_window->controllerModel->index(3, 3)));
+    m_work->drop(0, m_work->pad(1));
+    m_work->drop(0, m_work->cell(3, 3));
     if (midi)
         QTest::mouseClick(m_window->child<QRadioButton>("radio_outputmidi"), Qt::LeftButton);
     QCoreApplication::processEvents();
@@ -154,10 +143,10 @@ void ScreensTest::prepare()
 
 QList<QWidget*> ScreensTest::seen() const
 {
-    QList<QWidget*> visible{m_window.get()};
+    QList<QWidget*> visible{m_window};
     const auto all = m_window->findChildren<QWidget*>();
     for (QWidget* widget : all) {
-        if (widget->isVisible() && widget->window() == m_window.get())
+        if (widget->isVisible() && widget->window() == m_window)
             visible.append(widget);
     }
     return visible;
@@ -295,7 +284,7 @@ void ScreensTest::nothingStaysBehindTheMouse()
     }
     view->setCurrentIndex(first);
     m_window->child<QPushButton>("pushButton_2")->setFocus();
-    QTest::mouseMove(m_window.get(), QPoint(640, 590));
+    QTest::mouseMove(m_window, QPoint(640, 590));
     QCoreApplication::processEvents();
     QTRY_VERIFY(!view->viewport()->underMouse());
     const QImage left = shown(*m_window);

@@ -1,4 +1,5 @@
 #include "cells.h"
+#include "domrecords.h"
 
 #include <QColor>
 #include <QDir>
@@ -197,27 +198,10 @@ QDomElement rootOf(const QString& path)
     return document.setContent(bytesOf(path)) ? document.documentElement() : QDomElement();
 }
 
-QList<QDomElement> childrenOf(const QDomElement& element)
-{
-    QList<QDomElement> children;
-    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        children.append(child);
-    return children;
-}
-
-Record attributesOf(const QDomElement& element)
-{
-    Record record;
-    const QDomNamedNodeMap found = element.attributes();
-    for (int i = 0; i < found.count(); ++i)
-        record.insert(found.item(i).nodeName(), found.item(i).nodeValue());
-    return record;
-}
-
 /// A control as the devices above write it, with every attribute that it has.
 QString lineOf(const QDomElement& control)
 {
-    Record rest = attributesOf(control);
+    Record rest = recordof(control);
     QString line = control.tagName() + ' ' + rest.take("name");
     const QStringList order{"row", "col", "colorled", "led", "group"};
     for (const QString& key : order) {
@@ -233,7 +217,7 @@ QString lineOf(const QDomElement& control)
 QHash<QString, QString> actionsOf(const QString& name)
 {
     QHash<QString, QString> actions;
-    const QList<QDomElement> maps = childrenOf(rootOf(mappingPath(name)));
+    const QList<QDomElement> maps = childrenof(rootOf(mappingPath(name)));
     for (const QDomElement& map : maps) {
         if (map.tagName() == "map")
             actions.insert(map.attribute("value"), map.attribute("action"));
@@ -555,7 +539,7 @@ void MappingsTest::describesTheDevice()
     QFETCH(Device, device);
     const QDomElement root = rootOf(layoutPath(device.name));
     QCOMPARE(root.tagName(), QString("layout"));
-    Record found = attributesOf(root);
+    Record found = recordof(root);
     const QString description = found.take("description");
     QVERIFY2(description.startsWith(device.name), qPrintable(description));
     QCOMPARE(found, device.attributes);
@@ -565,7 +549,7 @@ void MappingsTest::namesEveryControlInOrder()
 {
     QFETCH(Device, device);
     QStringList found;
-    const QList<QDomElement> controls = childrenOf(rootOf(layoutPath(device.name)));
+    const QList<QDomElement> controls = childrenof(rootOf(layoutPath(device.name)));
     for (const QDomElement& control : controls)
         found.append(lineOf(control));
     for (int i = 0; i < qMin(found.size(), device.controls.size()); ++i)
@@ -599,7 +583,7 @@ void MappingsTest::countsTheControlsOfEachKind()
     QFETCH(int, ignoreCount);
     QFETCH(int, emptyCount);
     QHash<QString, int> counts;
-    const QList<QDomElement> controls = childrenOf(rootOf(layoutPath(name)));
+    const QList<QDomElement> controls = childrenof(rootOf(layoutPath(name)));
     for (const QDomElement& control : controls)
         ++counts[control.tagName()];
     QCOMPARE(counts.value("pad"), padCount);
@@ -614,9 +598,9 @@ void MappingsTest::coversEveryUsableCellOnce()
 {
     QFETCH(Device, device);
     const QDomElement root = rootOf(layoutPath(device.name));
-    const Record layout = attributesOf(root);
+    const Record layout = recordof(root);
     QHash<QPair<int, int>, QStringList> names;
-    const QList<QDomElement> controls = childrenOf(root);
+    const QList<QDomElement> controls = childrenof(root);
     for (const QDomElement& control : controls) {
         if (control.tagName() != "pad" && control.tagName() != "button")
             continue;
@@ -654,7 +638,7 @@ void MappingsTest::saysWhichDeviceAMappingIsFor()
     QFETCH(Device, device);
     const QDomElement root = rootOf(mappingPath(device.name));
     QCOMPARE(root.tagName(), QString("mapper"));
-    const Record found = attributesOf(root);
+    const Record found = recordof(root);
     QCOMPARE(QStringList(found.keys()), QStringList({"author", "date", "device", "version"}));
     QCOMPARE(found.value("device"), device.attributes.value("name"));
     QCOMPARE(found.value("author"), QString("Lumipad"));
@@ -664,14 +648,14 @@ void MappingsTest::saysWhichDeviceAMappingIsFor()
     QVERIFY(QDate(date.at(2).toInt(), date.at(1).toInt(), date.at(0).toInt()).isValid());
 
     QStringList names;
-    const QList<QDomElement> children = childrenOf(root);
+    const QList<QDomElement> children = childrenof(root);
     for (const QDomElement& child : children) {
         if (child.tagName() == "info") {
             QVERIFY(!child.text().trimmed().isEmpty());
             continue;
         }
         QCOMPARE(child.tagName(), QString("map"));
-        QCOMPARE(QStringList(attributesOf(child).keys()), QStringList({"action", "value"}));
+        QCOMPARE(QStringList(recordof(child).keys()), QStringList({"action", "value"}));
         names.append(child.attribute("value"));
     }
     // The last of two entries would hide the first.
@@ -697,7 +681,7 @@ void MappingsTest::lightsEveryLed()
 {
     QFETCH(Device, device);
     const QHash<QString, QString> actions = actionsOf(device.name);
-    const QList<QDomElement> controls = childrenOf(rootOf(layoutPath(device.name)));
+    const QList<QDomElement> controls = childrenof(rootOf(layoutPath(device.name)));
     for (const QDomElement& control : controls) {
         if (control.tagName() != "pad" && control.tagName() != "button")
             continue;

@@ -3,6 +3,7 @@
 #include "bounds.h"
 #include "cells.h"
 #include "devices.h"
+#include "domrecords.h"
 #include "readfile.h"
 #include "xmltext.h"
 
@@ -23,23 +24,6 @@ QString quoted(const QString& text) { return QLatin1Char('"') + text + QLatin1Ch
 QString attribute(const QDomElement& element, const char* name)
 {
     return element.attribute(QLatin1String(name));
-}
-
-QList<QDomElement> childrenof(const QDomElement& parent)
-{
-    QList<QDomElement> all;
-    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        all.append(child);
-    return all;
-}
-
-Record recordof(const QDomElement& element)
-{
-    Record record;
-    const QDomNamedNodeMap attributes = element.attributes();
-    for (int i = 0; i < attributes.count(); ++i)
-        record.insert(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
-    return record;
 }
 
 /// A whole number from 0 to \a most, written in digits alone.
