@@ -176,7 +176,7 @@ Qt::ItemFlags Controller::flags(const QModelIndex& index) const
                   : Qt::ItemFlags(Qt::ItemIsSelectable);
 }
 
-QList<QList<Record>> Controller::getList() const { return m_rows; }
+QList<QList<Record>> Controller::getList() const { return rows(); }
 
 QString Controller::getpadindex(int row, int col) const
 {

@@ -118,7 +118,7 @@ Qt::ItemFlags VDJModel::flags(const QModelIndex& index) const
     return base | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
 }
 
-QList<QList<Record>> VDJModel::getList() const { return m_rows; }
+QList<QList<Record>> VDJModel::getList() const { return rows(); }
 
 void padspage::fillpads(VDJModel* model)
 {
