@@ -6,19 +6,18 @@
 /// The program's style sheets, one per kind of widget, and the colours of what no sheet can draw.
 namespace Style {
 
-inline QColor ground()
-{
-    return {0x20, 0x20, 0x20};
-} ///< of the window, and inside the circles of radio buttons
-inline QColor pressed() { return {0x40, 0x40, 0x40}; } ///< inside a circle under the pressed mouse
-inline QColor ring()
-{
-    return {0x90, 0x90, 0x90};
-} ///< of a circle; 4.1 to 1 against its box, where 3 is legible
+/// The window's ground, also inside the circles of radio buttons.
+inline QColor ground() { return {0x20, 0x20, 0x20}; }
+/// Inside a circle under the pressed mouse.
+inline QColor pressed() { return {0x40, 0x40, 0x40}; }
+/// A circle of a radio button: 4.1 to 1 against its box, where 3 is legible.
+inline QColor ring() { return {0x90, 0x90, 0x90}; }
 inline QColor hoveredRing() { return {0xcc, 0xcc, 0xcc}; }
 inline QColor text() { return {0xcc, 0xcc, 0xcc}; }
-inline QColor currentRow() { return {0x50, 0x50, 0x50}; } ///< in the lists that combo boxes pop up
-inline QColor focus() { return {0xaa, 0xaa, 0xaa}; }      ///< around the control that has the keyboard
+/// The current row of the lists that combo boxes pop up.
+inline QColor currentRow() { return {0x50, 0x50, 0x50}; }
+/// Around the control that has the keyboard.
+inline QColor focus() { return {0xaa, 0xaa, 0xaa}; }
 
 inline QString messageBox()
 {
