@@ -232,12 +232,11 @@ void MainWindow::setupoutputs()
     pads.windowWidth = 650;
     pads.label = tr("Pads Page");
     pads.empty = [this](const QModelIndex& pad) { padspage::emptypad(vdjModel, pad); };
-    pads.takeoff = [this](const QModelIndex& pad) {
-        padspage::emptypad(vdjModel, pad, QStringLiteral("#FFFFFF"));
-    };
+    pads.takeoff = [this](const QModelIndex& pad) { padspage::takeoff(vdjModel, pad); };
     pads.places = [this] { return padplaces(); };
     pads.openmenu = [this](const QPoint& pos) { customMenuRequestedvdj(pos); };
-    pads.isempty = [this] { return isVDJempty(); };
+    pads.take = [this](app::Work* work) { takepadspage(work); };
+    pads.put = [this](const app::Work& work) { putpadspage(work); };
     pads.exportwork = [this] { return exportpage(); };
     pads.savework = [this](const QString& path) { savepadsproject(path); };
 
@@ -254,14 +253,17 @@ void MainWindow::setupoutputs()
     midi.takeoff = [this](const QModelIndex& cell) { controller::takeoff(controllerModel, cell); };
     midi.places = [this] { return cellplaces(); };
     midi.openmenu = [this](const QPoint& pos) { customMenuRequested(pos); };
-    midi.isempty = [this] { return isMIDIempty(); };
+    midi.take = [this](app::Work* work) { takecontroller(work); };
+    midi.put = [this](const app::Work& work) { putcontroller(work); };
     midi.exportwork = [this] { return exportmapping(); };
     midi.savework = [this](const QString& path) { savemidiproject(path); };
 }
 
 const OutputMode& MainWindow::chosenoutput() const
 {
-    return outputs.at(ui->radio_outputpage->isChecked() ? PadsOutput : MidiOutput);
+    const auto* chosen = std::find_if(outputs.cbegin(), outputs.cend(),
+                                      [](const OutputMode& output) { return output.radio->isChecked(); });
+    return chosen == outputs.cend() ? outputs.back() : *chosen;
 }
 
 void MainWindow::placeoutput(const OutputMode& output, int width)
@@ -295,7 +297,7 @@ void MainWindow::on_radio_outputpage_clicked()
 void MainWindow::on_radio_outputmidi_clicked()
 {
     resetdmxlist();
-    const OutputMode& output = outputs.at(ui->radio_outputmidi->isChecked() ? MidiOutput : PadsOutput);
+    const OutputMode& output = chosenoutput();
     showoutput(output, output.windowWidth);
 }
 
@@ -317,7 +319,7 @@ void MainWindow::finishediting()
 bool MainWindow::projectempty() const
 {
     return std::any_of(outputs.cbegin(), outputs.cend(), [](const OutputMode& output) {
-        return output.radio->isChecked() && output.isempty();
+        return output.radio->isChecked() && show::gridempty(*output.grid);
     });
 }
 

@@ -133,8 +133,6 @@ public slots:
     void ondeletevdjaction_triggered();
     /// "Clean": empties all pads of all banks and clears all marks; names and layout stay.
     void on_cleanpads_button_clicked();
-    /// Whether no pad of any bank, the hidden column included, holds a Live Button.
-    bool isVDJempty();
 
     // Devices and their mappings
 
@@ -147,19 +145,13 @@ public slots:
     void on_devicescombo_currentIndexChanged(int index);
     /// See `controller::getdeviceindex`.
     int getdeviceindex(const QString& device);
-    bool deviceinlist(const QString& device);
     /// See `controller::getmapperid`.
     int getmapperid(const QString& device, int n);
 
     // Controller grid
 
-    /// See `padtext` and `padavail`; the latter for the current device.
-    QString getpadtext(int row, int col);
-    QString getpadavail(int row, int col);
     /// Recomputes which cells the current device has; what is placed stays.
     void updatelayout();
-    /// Whether no cell of the controller grid holds a Live Button.
-    bool isMIDIempty();
 
     // Context menu of the controller grid. Its actions apply to the selected cells, the switch to the clicked
     // one
@@ -192,6 +184,9 @@ public slots:
     /// no other one of the same grid holds it; on the pads page column 0 alone counts.
     void dmxtoremove(int index);
     void dmxtoremove2(int index);
+
+    /// The check mark of list row \a index was taken away: takes its Live Button off every pad of both grids.
+    void dmxcheckchange(int index);
 
     // Export
 
@@ -233,6 +228,10 @@ public slots:
     /// Remove every row of the pads page grid, of the controller grid.
     void cleanVDJ();
     void cleanMIDI();
+    /// Whether no pad of any bank, the hidden column included, holds a Live Button; the same for the
+    /// controller grid.
+    bool isVDJempty();
+    bool isMIDIempty();
     /// See `show::getcolor`.
     QString getcolor(const QString& color);
     /// The number of Live Buttons on Live page \a page.
@@ -240,8 +239,10 @@ public slots:
     /// The default colours in the palette of \a device; empty for full-RGB and unknown devices.
     QString getdeviceoffcolor(int device);
     QString getdeviceoncolor(int device);
-    /// Takes the Live Button of list row \a index off every pad of both grids.
-    void dmxcheckchange(int index);
+    bool deviceinlist(const QString& device);
+    /// See `padtext` and `padavail`; the latter for the current device.
+    QString getpadtext(int row, int col);
+    QString getpadavail(int row, int col);
     /// See `controller::xmlparse` and `controller::removeos2l`.
     QString xmlparse(const QString& text);
     QString removeos2l(const QString& action);
@@ -280,6 +281,8 @@ private:
     void setupoutputs();
     void setuphistory();
     void setupkeys();
+    void takepadspage(app::Work* work) const;
+    void takecontroller(app::Work* work) const;
     void putpadspage(const app::Work& work);
     void putcontroller(const app::Work& work);
     void putmarks(const app::Marks& marks);

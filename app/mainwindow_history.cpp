@@ -68,18 +68,7 @@ app::Work MainWindow::takework(int output) const
 {
     app::Work work;
     work.pads = outputat(output).grid->rows();
-    if (output == PadsOutput) {
-        work.banks = banks;
-        work.bank = ui->bankcombo->currentIndex();
-        work.sixteenPads = choices.sixteenPads;
-    } else {
-        work.device = currentDevice;
-        work.mapping = choices.mapping;
-        work.palette = texts(ui->combo_offcolor);
-        work.offColor = choices.offColor;
-        work.onColor = choices.onColor;
-        work.switchPad = switchPad;
-    }
+    outputat(output).take(&work);
     if (&outputat(output) == &chosenoutput()) {
         work.name = choices.name;
         work.marks = app::Marks{dmxModel->rows(), buttons};
@@ -91,16 +80,30 @@ void MainWindow::putwork(int output, const app::Work& work)
 {
     const OutputMode& mode = outputat(output);
     mode.grid->setrows(work.pads);
-    if (output == PadsOutput)
-        putpadspage(work);
-    else
-        putcontroller(work);
+    mode.put(work);
     if (work.name)
         ui->padsname->setText(*work.name);
     if (work.marks)
         putmarks(*work.marks);
     else if (&mode == &chosenoutput())
         show::markused(dmxModel, &buttons, show::usedids(*mode.grid, mode.markColumns));
+}
+
+void MainWindow::takepadspage(app::Work* work) const
+{
+    work->banks = banks;
+    work->bank = ui->bankcombo->currentIndex();
+    work->sixteenPads = choices.sixteenPads;
+}
+
+void MainWindow::takecontroller(app::Work* work) const
+{
+    work->device = currentDevice;
+    work->mapping = choices.mapping;
+    work->palette = texts(ui->combo_offcolor);
+    work->offColor = choices.offColor;
+    work->onColor = choices.onColor;
+    work->switchPad = switchPad;
 }
 
 void MainWindow::putpadspage(const app::Work& work)

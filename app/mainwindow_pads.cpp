@@ -131,7 +131,7 @@ void MainWindow::on_actionExport_triggered()
     for (const OutputMode& output : outputs) {
         if (!output.radio->isChecked())
             continue;
-        if (output.isempty())
+        if (show::gridempty(*output.grid))
             message(tr("Nothing to Export. Pads are empty"));
         else
             output.exportwork();

@@ -10,6 +10,7 @@
 #include "readfile.h"
 #include "textfile.h"
 #include "ui_mainwindow.h"
+#include "usagemarks.h"
 #include "vdjmodel.h"
 
 #include <QFileDialog>
@@ -38,7 +39,7 @@ void MainWindow::on_actionSave_2_triggered()
 
 void MainWindow::saveoutput(const OutputMode& output)
 {
-    if (output.isempty()) {
+    if (show::gridempty(*output.grid)) {
         message(tr("Nothing to Save. Pads are empty"));
         return;
     }

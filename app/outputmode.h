@@ -12,6 +12,10 @@ class QTableView;
 class QWidget;
 class RecordModel;
 
+namespace app {
+struct Work;
+} // namespace app
+
 /// One of the outputs that the user chooses between, and all that the window does differently for it.
 struct OutputMode
 {
@@ -29,7 +33,8 @@ struct OutputMode
     std::function<QModelIndexList()>
         places; ///< the pads that are shown, in the order in which they are filled
     std::function<void(const QPoint&)> openmenu;  ///< opens the menu of the pad at a place in the view
-    std::function<bool()> isempty;                ///< whether no pad of the grid holds a Live Button
+    std::function<void(app::Work*)> take;         ///< adds what only this output has to the work of undo
+    std::function<void(const app::Work&)> put;    ///< puts that back; the grid is in place already
     std::function<bool()> exportwork;             ///< writes the file for VirtualDJ
     std::function<void(const QString&)> savework; ///< writes the project file of the given path
 };

@@ -8,9 +8,12 @@ bool operator==(const Marks& a, const Marks& b) { return a.list == b.list && a.b
 
 bool operator==(const Work& a, const Work& b)
 {
+    // Taken apart as a whole: a field that is missing here does not compile, and so cannot escape undo.
     const auto fields = [](const Work& work) {
-        return std::tie(work.pads, work.banks, work.bank, work.sixteenPads, work.device, work.mapping,
-                        work.palette, work.offColor, work.onColor, work.switchPad, work.name, work.marks);
+        const auto& [pads, banks, bank, sixteenPads, device, mapping, palette, offColor, onColor, switchPad,
+                     name, marks] = work;
+        return std::tie(pads, banks, bank, sixteenPads, device, mapping, palette, offColor, onColor,
+                        switchPad, name, marks);
     };
     return fields(a) == fields(b);
 }

@@ -12,8 +12,9 @@ namespace app {
 /// Which Live Buttons count as used, in both places that keep it.
 struct Marks
 {
-    QList<QList<Record>> list; ///< rows of the Live Buttons list; of their records `check` alone counts
-    QList<Record> buttons;     ///< index = `buttonid`; again `check`
+    QList<QList<Record>>
+        list;              ///< rows of the Live Buttons list; `check` of their records is what is put back
+    QList<Record> buttons; ///< index = `buttonid`; again `check`
 };
 
 /// What a person has done for one output, as one value: `MainWindow::takework` takes it, `putwork` puts it
@@ -37,8 +38,8 @@ struct Work
     int onColor = -1;
     QList<int> switchPad;
 
-    // What both outputs share. Nothing here is left alone when it is put back, but for the marks, which then
-    // follow the pads.
+    // What both outputs share. A name without a value stays as it is when the work is put back; marks without
+    // one follow the pads.
     std::optional<QString> name; ///< of the page or mapping
     std::optional<Marks> marks;
 };

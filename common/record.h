@@ -17,7 +17,7 @@ inline QString title() { return QStringLiteral("title"); }
 inline QString buttonId() { return QStringLiteral("buttonid"); }
 inline QString check() { return QStringLiteral("check"); }
 inline QString source() { return QStringLiteral("source"); }
-// The pads' records
+// The pads' records. Project files have these words too: a word that is changed here makes them unreadable
 inline QString name() { return QStringLiteral("name"); }
 inline QString pageNr() { return QStringLiteral("pagenr"); }
 inline QString id() { return QStringLiteral("id"); }

@@ -134,9 +134,15 @@ void padspage::fillpads(VDJModel* model)
     }
 }
 
-void padspage::emptypad(VDJModel* model, const QModelIndex& pad, const QString& color)
+void padspage::emptypad(VDJModel* model, const QModelIndex& pad)
 {
-    const Record empty = emptyrecord(emptiedname(pad.row()), color);
+    const Record empty = emptyrecord(emptiedname(pad.row()));
     for (const RecordRole& role : roles())
         model->setData(pad, empty.value(role.key), role.role);
+}
+
+void padspage::takeoff(VDJModel* model, const QModelIndex& pad)
+{
+    emptypad(model, pad);
+    model->setData(pad, QStringLiteral("#FFFFFF"), Qt::DecorationRole);
 }

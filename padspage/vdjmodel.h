@@ -50,8 +50,10 @@ namespace padspage {
 /// column 0 and "PAD 9" to "PAD 16" in column 1.
 void fillpads(VDJModel* model);
 
-/// Takes the Live Button off \a pad and shows the pad in \a color ("#" and six hexadecimal digits). Changes
-/// nothing for an index outside the grid.
-void emptypad(VDJModel* model, const QModelIndex& pad, const QString& color = QStringLiteral("#000000"));
+/// Empties \a pad: no Live Button, black. Changes nothing for an index outside the grid.
+void emptypad(VDJModel* model, const QModelIndex& pad);
+
+/// The same when the list takes the Live Button away: the pad is left white.
+void takeoff(VDJModel* model, const QModelIndex& pad);
 
 } // namespace padspage

@@ -35,7 +35,7 @@ class EmptyPadTest : public QObject
 private slots:
     void emptiesThatPadAlone_data();
     void emptiesThatPadAlone();
-    void showsThePadInTheGivenColour();
+    void leavesThePadWhiteThatTheListTakesAway();
     void passesOverPlacesOutsideTheGrid();
     void tellsTheViewOnce();
 };
@@ -66,11 +66,11 @@ void EmptyPadTest::emptiesThatPadAlone()
     QCOMPARE(grid.getList(), expected);
 }
 
-void EmptyPadTest::showsThePadInTheGivenColour()
+void EmptyPadTest::leavesThePadWhiteThatTheListTakesAway()
 {
     VDJModel grid;
     fillall(&grid);
-    emptypad(&grid, grid.index(3, 0), "#FFFFFF");
+    takeoff(&grid, grid.index(3, 0));
     QCOMPARE(grid.index(3, 0).data(Qt::DecorationRole).value<QColor>(), QColor(Qt::white));
     QCOMPARE(grid.index(3, 0).data(ItemRole::Id).toString(), QString("-1"));
 }
