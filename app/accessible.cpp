@@ -32,6 +32,9 @@ QString padlabel(const QModelIndex& index)
     return QString();
 }
 
+/// Whether another grid lies over \a view: it is not hidden then, but takes no focus.
+bool iscovered(const QTableView* view) { return view->focusPolicy() == Qt::NoFocus; }
+
 /// An item of a table, or one of its header sections, which are counted among the children though they are
 /// hidden: the toolkit's own tables count them, and so do the events that its views send.
 class TableItem : public QAccessibleInterface,
@@ -108,14 +111,14 @@ QAccessible::State TableItem::state() const
     const QVariant mark = m_index.data(Qt::CheckStateRole);
     state.disabled = !flags.testFlag(Qt::ItemIsEnabled);
     state.selectable = flags.testFlag(Qt::ItemIsSelectable);
-    state.focusable = state.selectable && !state.disabled;
+    state.focusable = state.selectable && !state.disabled && !iscovered(m_view);
     state.editable = flags.testFlag(Qt::ItemIsEditable);
     state.selected = isSelected();
     state.focused = m_view->hasFocus() && m_view->currentIndex() == m_index;
     state.checkable = mark.isValid();
     state.checked = mark.toInt() == Qt::Checked;
-    state.invisible =
-        !m_view->isVisible() || !m_view->viewport()->rect().intersects(m_view->visualRect(m_index));
+    state.invisible = !m_view->isVisible() || iscovered(m_view) ||
+                      !m_view->viewport()->rect().intersects(m_view->visualRect(m_index));
     return state;
 }
 
@@ -130,12 +133,13 @@ void* TableItem::interface_cast(QAccessible::InterfaceType type)
 
 QStringList TableItem::actionNames() const
 {
-    return m_index.flags().testFlag(Qt::ItemIsEnabled) ? QStringList{setFocusAction()} : QStringList();
+    const bool reachable = isValid() && m_index.flags().testFlag(Qt::ItemIsEnabled) && !iscovered(m_view);
+    return reachable ? QStringList{setFocusAction()} : QStringList();
 }
 
 void TableItem::doAction(const QString& name)
 {
-    if (!isValid() || !actionNames().contains(name))
+    if (!actionNames().contains(name))
         return;
     m_view->setFocus();
     m_view->setCurrentIndex(m_index);
@@ -149,6 +153,7 @@ public:
     explicit Table(QTableView* view) : QAccessibleWidget(view, QAccessible::Table) {}
     ~Table() override { forget(); }
 
+    QAccessible::State state() const override;
     int childCount() const override { return (rowCount() + 1) * (columnCount() + 1); }
     QAccessibleInterface* child(int number) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
@@ -198,6 +203,13 @@ private:
     /// The children asked for so far: number to id.
     mutable QHash<int, QAccessible::Id> m_children;
 };
+
+QAccessible::State Table::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    state.invisible = state.invisible || iscovered(view());
+    return state;
+}
 
 /// The children are numbered row by row, with a row of headers before the first row and one in each row.
 QAccessibleInterface* Table::child(int number) const

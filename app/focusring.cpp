@@ -29,8 +29,8 @@ FocusRing::FocusRing(QWidget* window) : QFocusFrame(window)
 
 void FocusRing::follow(QWidget* focused)
 {
-    const bool ringed =
-        focused && focused->window() == parentWidget() && !qobject_cast<const QLineEdit*>(focused);
+    const auto* edit = qobject_cast<const QLineEdit*>(focused);
+    const bool ringed = focused && focused->window() == parentWidget() && !(edit && edit->hasFrame());
     if (m_focused)
         m_focused->removeEventFilter(this);
     m_focused = ringed ? focused : nullptr;

@@ -301,7 +301,8 @@ void MainWindow::on_radio_outputmidi_clicked()
     showoutput(output, output.windowWidth);
 }
 
-/// Takes over a name or text that is still being typed: a key or menu entry leaves the focus where it is.
+/// Takes over a name or text that is still being typed: a key or menu entry leaves the focus where it is. The
+/// keyboard stays there too, or in the grid whose pad was being edited.
 void MainWindow::finishediting()
 {
     // The editor of a pad's text is a line edit too.
@@ -314,6 +315,8 @@ void MainWindow::finishediting()
         on_bankname_editingFinished();
     else if (edit == ui->padsname)
         on_padsname_editingFinished();
+    QWidget* const goeson = edit->hasFrame() ? static_cast<QWidget*>(edit) : chosenoutput().view;
+    goeson->setFocus();
 }
 
 bool MainWindow::projectempty() const
@@ -379,6 +382,7 @@ void MainWindow::on_loadini_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
+    finishediting();
     const app::History::Step step(history.get());
     initpadlist();
     show::unmarkrows(dmxModel);

@@ -150,6 +150,8 @@ public slots:
 
     // Controller grid
 
+    /// See `controller::padavail`, for the current device.
+    QString getpadavail(int row, int col) const;
     /// Recomputes which cells the current device has; what is placed stays.
     void updatelayout();
 
@@ -240,9 +242,8 @@ public slots:
     QString getdeviceoffcolor(int device);
     QString getdeviceoncolor(int device);
     bool deviceinlist(const QString& device);
-    /// See `padtext` and `padavail`; the latter for the current device.
+    /// See `controller::padtext`.
     QString getpadtext(int row, int col);
-    QString getpadavail(int row, int col);
     /// See `controller::xmlparse` and `controller::removeos2l`.
     QString xmlparse(const QString& text);
     QString removeos2l(const QString& action);
@@ -289,6 +290,7 @@ private:
     bool keypressed(QTableView* view, const QKeyEvent& key);
     bool gridkeypressed(const QKeyEvent& key);
     void entercells(QTableView* view);
+    bool steptocell(const QPoint& step);
     bool opencellmenu(QTableView* view);
     QModelIndexList padplaces() const;
     QModelIndexList cellplaces() const;

@@ -50,6 +50,26 @@ bool isnavigation(int key)
     return keys.contains(key);
 }
 
+/// The step of an arrow key from a cell to the next, in columns and rows; none for every other key.
+QPoint arrowstep(const QTableView* view, const QKeyEvent& key)
+{
+    if ((key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) != Qt::NoModifier)
+        return {};
+    const int forward = view->isRightToLeft() ? -1 : 1;
+    switch (key.key()) {
+    case Qt::Key_Left:
+        return {-forward, 0};
+    case Qt::Key_Right:
+        return {forward, 0};
+    case Qt::Key_Up:
+        return {0, -1};
+    case Qt::Key_Down:
+        return {0, 1};
+    default:
+        return {};
+    }
+}
+
 bool isenter(const QKeyEvent& key)
 {
     const Qt::KeyboardModifiers others = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
@@ -168,6 +188,8 @@ bool MainWindow::keypressed(QTableView* view, const QKeyEvent& key)
 /// The same for the keys of the shown grid alone.
 bool MainWindow::gridkeypressed(const QKeyEvent& key)
 {
+    if (chosenoutput().view == ui->tablecontroller && steptocell(arrowstep(ui->tablecontroller, key)))
+        return true;
     if (key.matches(QKeySequence::Cut))
         cutpad();
     else if (key.matches(QKeySequence::Paste))
@@ -176,6 +198,26 @@ bool MainWindow::gridkeypressed(const QKeyEvent& key)
         removeselected();
     else
         return ismenukey(key) && opencellmenu(chosenoutput().view);
+    return true;
+}
+
+/// Makes the next cell in the direction of an arrow key current, if the view itself would pass over it though
+/// its menu does something: the switch, and a Live Button where the device has no pad. False when the next
+/// cell is one that the view finds too.
+bool MainWindow::steptocell(const QPoint& step)
+{
+    const QModelIndex from = ui->tablecontroller->currentIndex();
+    if (step.isNull() || !from.isValid())
+        return false;
+    QModelIndex cell = from;
+    do {
+        cell = controllerModel->index(cell.row() + step.y(), cell.column() + step.x());
+        if (!cell.isValid() || cell.flags().testFlag(Qt::ItemIsEnabled))
+            return false;
+    } while (!show::holdsbutton(cell.data(ItemRole::Id).toString()) &&
+             switchPad != QList<int>{cell.row(), cell.column()});
+    // It cannot be selected; what was shall not look as if it were meant.
+    ui->tablecontroller->selectionModel()->setCurrentIndex(cell, QItemSelectionModel::Clear);
     return true;
 }
 
@@ -207,11 +249,14 @@ QModelIndexList MainWindow::padplaces() const
     return places;
 }
 
-/// The 64 pads of the controller, row by row, then the side buttons above, left, right and below.
+/// The cells that the device has: the 64 pads row by row, then the side buttons above, left, right and below.
 QModelIndexList MainWindow::cellplaces() const
 {
     QModelIndexList places;
-    const auto add = [&](int row, int column) { places.append(controllerModel->index(row, column)); };
+    const auto add = [&](int row, int column) {
+        if (getpadavail(row, column) != QLatin1String("0"))
+            places.append(controllerModel->index(row, column));
+    };
     constexpr int end = Grid::FirstPad + Grid::PadsPerLine;
     for (int row = Grid::FirstPad; row < end; ++row) {
         for (int column = Grid::FirstPad; column < end; ++column)
@@ -290,6 +335,10 @@ void MainWindow::removeselected()
 {
     const OutputMode& output = chosenoutput();
     QModelIndexList pads = output.view->selectionModel()->selectedIndexes();
+    // A cell that the device lacks cannot be selected, only be current.
+    const QModelIndex current = output.view->currentIndex();
+    if (current.isValid() && !current.flags().testFlag(Qt::ItemIsEnabled))
+        pads = {current};
     const auto untouched = [&output](const QModelIndex& pad) {
         return !isshown(output.view, pad) || !show::holdsbutton(pad.data(ItemRole::Id).toString());
     };

@@ -166,6 +166,7 @@ void MainWindow::ontoggleaction_triggered()
 
 void MainWindow::on_cleanmidi_button_clicked()
 {
+    finishediting();
     const app::History::Step step(history.get());
     controller::cleancells(controllerModel, devices.value(currentDevice));
     show::markused(dmxModel, &buttons, {});

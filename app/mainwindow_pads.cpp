@@ -108,6 +108,7 @@ void MainWindow::ondeletevdjaction_triggered()
 
 void MainWindow::on_cleanpads_button_clicked()
 {
+    finishediting();
     const app::History::Step step(history.get());
     padspage::fillpads(vdjModel);
     show::unmarkrows(dmxModel);

@@ -206,10 +206,19 @@ void AccessibleTest::padsTellTheirState()
     QVERIFY(!cell(m_grid, 2, 2)->state().disabled);
     QVERIFY(cell(m_grid, 0, 2)->state().disabled); // the first device has no buttons at the top
     QVERIFY(!cell(m_list, 0, 0)->state().invisible);
-    // Pads of a bank that is not shown, and those of the other output.
+    // Pads of a bank that is not shown, and those that the grid of this output covers.
     QVERIFY(cell(m_pads, 9, 0)->state().invisible);
+    QVERIFY(cell(m_pads, 0, 0)->state().invisible);
+    QVERIFY(!cell(m_pads, 0, 0)->state().focusable);
+    QVERIFY(tell(m_pads)->state().invisible);
+    QVERIFY(!tell(m_grid)->state().invisible);
+    QVERIFY(cell(m_pads, 0, 0)->actionInterface()->actionNames().isEmpty());
+    cell(m_pads, 0, 0)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(m_grid->hasFocus());
     QTest::mouseClick(m_window->child<QRadioButton>("radio_outputpage"), Qt::LeftButton);
     QVERIFY(!cell(m_pads, 0, 0)->state().invisible);
+    QVERIFY(cell(m_pads, 0, 0)->state().focusable);
+    QVERIFY(!tell(m_pads)->state().invisible);
     QVERIFY(cell(m_pads, 9, 0)->state().invisible);
     QVERIFY(cell(m_pads, 0, 1)->state().invisible);
     QVERIFY(cell(m_grid, 2, 2)->state().invisible);

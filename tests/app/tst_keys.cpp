@@ -13,7 +13,10 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSignalSpy>
+
+#include <tuple>
 
 using Output = MidiWindow::Output;
 
@@ -60,6 +63,12 @@ struct KeyWindow : MidiWindow
     QStringList padlist() const { return placed(window.vdjModel); }
     QStringList cells() const { return placed(window.controllerModel); }
 
+    void choosedevice(const char* id)
+    {
+        window.child<QComboBox>("devicescombo")
+            ->setCurrentIndex(window.getdeviceindex(QString::fromLatin1(id)));
+    }
+
     /// Fills a show of \a count Live Buttons on one page.
     void loadmany(int count)
     {
@@ -95,6 +104,7 @@ private slots:
     void enterFillsBothColumnsWhenTheyAreShown();
     void enterFillsTheControllerRowByRowThenItsSides();
     void enterPassesWhatIsNoFreePad();
+    void enterPassesCellsThatTheDeviceLacks();
     void enterWalksTheShownPageOfTheShow();
     void enterDoesNothingWhenNothingIsFree();
     void doubleClickInTheListDoesNothing();
@@ -102,7 +112,11 @@ private slots:
     void deleteRemovesTheSelectedPad();
     void deleteRemovesTheSelectedCells();
     void deleteTouchesNothingThatIsNotShown();
+    void arrowsReachTheSwitch();
+    void arrowsReachALiveButtonWhereTheDeviceHasNoPad();
     void keysBelongToTheTextThatIsEdited();
+    void commandsLeaveTheKeyboardWhereItIs();
+    void nameThatIsTypedIsAStepOfItsOwn();
     void menusOpenAtTheCurrentCell_data();
     void menusOpenAtTheCurrentCell();
     void menuOfAnEmptyPadDoesNotOpen();
@@ -395,8 +409,7 @@ void KeysTest::enterFillsTheControllerRowByRowThenItsSides()
     KeyWindow keys(Output::Midi);
     keys.loadmany(120);
     // Four buttons above, eight at every other side.
-    keys.window.child<QComboBox>("devicescombo")
-        ->setCurrentIndex(keys.window.getdeviceindex(QStringLiteral("LAUNCHPADPRO")));
+    keys.choosedevice("LAUNCHPADPRO");
     keys.enter(keys.list, keys.button(0));
     for (int time = 0; time < 100; ++time) {
         KeyWindow::press(Qt::Key_Return);
@@ -435,6 +448,25 @@ void KeysTest::enterPassesWhatIsNoFreePad()
     keys.enter(keys.list, keys.button(1));
     KeyWindow::press(Qt::Key_Return);
     QCOMPARE(keys.padlist(), QStringList({"0,0 2", "1,0 1"}));
+}
+
+void KeysTest::enterPassesCellsThatTheDeviceLacks()
+{
+    KeyWindow keys(Output::Midi);
+    keys.loadmany(70);
+    keys.choosedevice("LAUNCHPADPRO");
+    keys.drop(0, keys.cell(4, 0));
+    keys.choosedevice("APCMINI");
+    // Taken off there, the cell takes drops again, but there is no button at its place.
+    keys.window.ondeletemidiaction_triggered(4, 0);
+    keys.enter(keys.list, keys.button(0));
+    // 64 pads, and the APC mini's buttons at the right and below.
+    for (int time = 0; time < 90; ++time)
+        KeyWindow::press(Qt::Key_Return);
+    QVERIFY(!keys.cells().filter(QRegularExpression(QStringLiteral("^9,9 63$"))).isEmpty());
+    QVERIFY(keys.cells().filter(QRegularExpression(QStringLiteral("^4,0 "))).isEmpty());
+    // The last Live Button fills what the others left.
+    QCOMPARE(keys.cells().size(), 64 + 8 + 8);
 }
 
 void KeysTest::enterWalksTheShownPageOfTheShow()
@@ -548,6 +580,53 @@ void KeysTest::deleteTouchesNothingThatIsNotShown()
     QCOMPARE(keys.padlist(), before);
 }
 
+void KeysTest::arrowsReachTheSwitch()
+{
+    KeyWindow keys(Output::Midi);
+    keys.window.menuIndex = keys.cell(4, 4);
+    keys.window.ontoggleaction_triggered();
+    keys.enter(keys.grid, keys.cell(4, 2));
+    KeyWindow::press(Qt::Key_Right);
+    KeyWindow::press(Qt::Key_Right);
+    QCOMPARE(keys.grid->currentIndex(), keys.cell(4, 4));
+    QVERIFY(keys.grid->selectionModel()->selectedIndexes().isEmpty());
+    // No key but its menu does anything to it.
+    KeyWindow::press(Qt::Key_Delete);
+    QCOMPARE(keys.cell(4, 4).data().toString(), QStringLiteral("SWITCH"));
+    for (const auto& [key, row, column] :
+         {std::tuple(Qt::Key_Down, 5, 4), std::tuple(Qt::Key_Up, 4, 4), std::tuple(Qt::Key_Left, 4, 3),
+          std::tuple(Qt::Key_Right, 4, 4), std::tuple(Qt::Key_Up, 3, 4), std::tuple(Qt::Key_Down, 4, 4)}) {
+        KeyWindow::press(key);
+        QCOMPARE(keys.grid->currentIndex(), keys.cell(row, column));
+    }
+    KeyWindow::press(Qt::Key_F10, Qt::ShiftModifier);
+    choose(KeyWindow::openmenu(), QStringLiteral("Set as Switch"));
+    QCOMPARE(keys.window.switchPad, QList<int>({-1, -1}));
+    QVERIFY(keys.cell(4, 4).flags().testFlag(Qt::ItemIsEnabled));
+}
+
+void KeysTest::arrowsReachALiveButtonWhereTheDeviceHasNoPad()
+{
+    for (const Qt::Key remove : {Qt::Key_Delete, Qt::Key_F10}) {
+        KeyWindow keys(Output::Midi);
+        keys.choosedevice("LAUNCHPADPRO");
+        keys.drop(0, keys.cell(4, 0));
+        keys.drop(1, keys.cell(4, 2));
+        keys.choosedevice("APCMINI");
+        keys.enter(keys.grid, keys.cell(4, 2));
+        KeyWindow::press(Qt::Key_Left);
+        QCOMPARE(keys.grid->currentIndex(), keys.cell(4, 0));
+        if (remove == Qt::Key_Delete) {
+            KeyWindow::press(remove);
+        } else {
+            KeyWindow::press(remove, Qt::ShiftModifier);
+            choose(KeyWindow::openmenu(), QStringLiteral("Remove"));
+        }
+        QCOMPARE(keys.cells(), QStringList({"4,2 1"}));
+        QCOMPARE(keys.marks(), QList<int>({1}));
+    }
+}
+
 void KeysTest::keysBelongToTheTextThatIsEdited()
 {
     KeyWindow keys(Output::Pads);
@@ -569,6 +648,54 @@ void KeysTest::keysBelongToTheTextThatIsEdited()
     KeyWindow::press(Qt::Key_Return);
     QCOMPARE(keys.padlist(), QStringList({"2,0 0"}));
     QTRY_COMPARE(keys.pad(2).data().toString(), QStringLiteral("bb"));
+}
+
+void KeysTest::commandsLeaveTheKeyboardWhereItIs()
+{
+    KeyWindow keys(Output::Pads);
+    for (const char* name : {"padsname", "bankname"}) {
+        auto* edit = keys.window.child<QLineEdit>(name);
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, QStringLiteral("FRIDAY"));
+        const Dialogs dialogs({Answers::key(Qt::Key_Return)});
+        KeyWindow::press(Qt::Key_S, Qt::ControlModifier);
+        // Without a window manager nothing activates the window again.
+        keys.window.activateWindow();
+        QTRY_VERIFY(edit->hasFocus());
+        KeyWindow::press(Qt::Key_X);
+        QCOMPARE(edit->text(), QStringLiteral("FRIDAYx"));
+    }
+    keys.drop(0, keys.pad(2));
+    keys.enter(keys.pads, keys.pad(2));
+    KeyWindow::press(Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Go"));
+    keys.window.undo();
+    QVERIFY(keys.pads->hasFocus());
+    QCOMPARE(keys.pad(2).data().toString(), QStringLiteral("Strobe"));
+}
+
+void KeysTest::nameThatIsTypedIsAStepOfItsOwn()
+{
+    KeyWindow keys(Output::Pads);
+    auto* name = keys.window.child<QLineEdit>("padsname");
+    for (const bool clean : {true, false}) {
+        keys.drop(0, keys.pad(2));
+        name->setFocus();
+        name->selectAll();
+        QTest::keyClicks(name, QStringLiteral("Friday"));
+        // As menu entries and buttons do that leave the focus where it is until they are done.
+        if (clean)
+            keys.window.on_cleanpads_button_clicked();
+        else
+            keys.window.on_actionNew_2_triggered();
+        QCOMPARE(keys.padlist(), QStringList());
+        keys.window.undo();
+        QCOMPARE(keys.padlist(), QStringList({"2,0 0"}));
+        QCOMPARE(name->text(), QStringLiteral("Friday"));
+        keys.window.undo();
+        QCOMPARE(name->text(), QStringLiteral("OS2L DMX"));
+    }
 }
 
 void KeysTest::menusOpenAtTheCurrentCell_data()

@@ -83,6 +83,7 @@ private slots:
     void theControlWithTheFocusHasARing_data();
     void theControlWithTheFocusHasARing();
     void aNameWithTheFocusHasItsOwnBorder();
+    void theEditorOfAPadHasARing();
     void theCurrentCellHasARing_data();
     void theCurrentCellHasARing();
     void theRingGoesWithTheWindowsFocus();
@@ -169,6 +170,19 @@ void LookTest::aNameWithTheFocusHasItsOwnBorder()
         QCOMPARE(edgecolors(picture, placeof(edit)), QSet<QString>{ringColor.name()});
         QVERIFY(!edgecolors(picture, placeof(edit).adjusted(-2, -2, 2, 2)).contains(ringColor.name()));
     }
+}
+
+void LookTest::theEditorOfAPadHasARing()
+{
+    fillpads();
+    auto* view = m_window->child<QTableView>("vdjlistview");
+    view->setFocus();
+    view->setCurrentIndex(m_work->pad(1));
+    QTest::keyClick(view, Qt::Key_F2);
+    auto* editor = view->viewport()->findChild<QLineEdit*>();
+    QVERIFY(editor && editor->hasFocus());
+    const QRect ring = placeof(editor).adjusted(-2, -2, 2, 2);
+    QCOMPARE(edgecolors(pictureof(m_window), ring), QSet<QString>{ringColor.name()});
 }
 
 void LookTest::theCurrentCellHasARing_data()
