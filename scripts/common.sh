@@ -19,11 +19,12 @@ have() { command -v "$1" >/dev/null 2>&1; }
 on_macos() { [[ $(uname -s) == Darwin ]]; }
 
 # The packages of one purpose, for apt-get. The fonts are needed because the window asks for Arial, and a machine
-# without any font shows no letter at all; Liberation Sans takes Arial's place, width for width.
+# without any font shows no letter at all; Liberation Sans takes Arial's place, width for width. The tests that drive the
+# mouse come with one that reads the manual.
 apt_packages() {
     case $1 in
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
-    mouse) say libx11-dev libxtst-dev xvfb ;;
+    mouse) say libx11-dev libxtst-dev xvfb poppler-utils ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
     package) say dpkg-dev file lintian desktop-file-utils appstream debootstrap ;;
     images) say librsvg2-bin icnsutils icoutils ;;
