@@ -43,8 +43,10 @@ Checkout::Checkout() : m_environment(QProcessEnvironment::systemEnvironment())
 
     const QString tools = beside("tools");
     QDir().mkpath(tools);
-    for (const char* tool : {"awk", "bash", "cat", "chmod", "dirname", "env", "find", "grep", "id", "mkdir",
-                             "mount", "mv", "readlink", "rm", "sed", "sh", "touch", "uname", "unshare"}) {
+    for (const char* tool :
+         {"awk",  "basename", "bash", "cat",  "chmod", "cp",     "diff",  "dirname", "env",
+          "find", "grep",     "id",   "ln",   "mkdir", "mktemp", "mount", "mv",      "readlink",
+          "rm",   "sed",      "sh",   "sort", "tail",  "touch",  "uname", "unshare"}) {
         const QString found = QStandardPaths::findExecutable(QLatin1String(tool));
         if (!found.isEmpty())
             QFile::link(found, tools + QLatin1Char('/') + QLatin1String(tool));
