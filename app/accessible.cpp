@@ -20,7 +20,11 @@
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Accessible", text); }
+/// Translates the texts of this file, under a name by which the tools for translators find them.
+class Accessible
+{
+    Q_DECLARE_TR_FUNCTIONS(Accessible)
+};
 
 /// What a pad is called whatever it holds; empty for items that are no pads.
 QString padlabel(const QModelIndex& index)
@@ -304,11 +308,11 @@ QString accessibletext(const QModelIndex& index)
     if (show::isvacant(index.data(ItemRole::Id).toString())) {
         // The switch pad reads as one. An emptied pad of the page may read as another pad's number.
         const bool other = qobject_cast<const Controller*>(index.model()) && shown != label;
-        return other ? tr("%1: %2").arg(label, shown) : label;
+        return other ? Accessible::tr("%1: %2").arg(label, shown) : label;
     }
     const QString button = index.data(ItemRole::DspName).toString();
-    return shown == button ? tr("%1: %2").arg(label, button)
-                           : tr("%1: %2, shown as %3").arg(label, button, shown);
+    return shown == button ? Accessible::tr("%1: %2").arg(label, button)
+                           : Accessible::tr("%1: %2, shown as %3").arg(label, button, shown);
 }
 
 void installaccessibility()

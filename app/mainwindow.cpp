@@ -6,6 +6,7 @@
 #include "dialog.h"
 #include "focusring.h"
 #include "listdelegates.h"
+#include "menustyle.h"
 #include "messages.h"
 #include "mydelegate.h"
 #include "mymodel.h"
@@ -203,6 +204,7 @@ void MainWindow::setstyles()
         radio->setStyle(new RadioStyle(radio));
         radio->setStyleSheet(Style::radioButton());
     }
+    ui->menuPage->setStyle(new MenuStyle(ui->menuPage));
     for (QLineEdit* edit : {ui->padsname, ui->bankname})
         edit->setStyleSheet(Style::lineEdit());
     for (QPushButton* button : {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})

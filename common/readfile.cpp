@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -45,8 +47,11 @@ bool open(QFile* file)
 
 } // namespace
 
-std::optional<QByteArray> readregularfile(const QString& path, int most)
+std::optional<QByteArray> readregularfile(const QString& path, int most, int* read)
 {
+    int none = 0;
+    int& total = read ? *read : none;
+    total = 0;
     QFile file(path);
     if (!open(&file))
         return std::nullopt;
@@ -56,9 +61,10 @@ std::optional<QByteArray> readregularfile(const QString& path, int most)
     QByteArray bytes;
     QByteArray piece(64 * 1024, Qt::Uninitialized);
     qint64 count = 0;
-    while ((count = file.read(piece.data(), piece.size())) > 0) {
+    while ((count = file.read(piece.data(), std::min<qint64>(piece.size(), qint64(most) + 1 - total))) > 0) {
         bytes.append(piece.constData(), static_cast<int>(count));
-        if (bytes.size() > most)
+        total = bytes.size();
+        if (total > most)
             return std::nullopt;
     }
     if (count < 0)

@@ -122,8 +122,9 @@ QList<Record> readmappers(const QString& folder, const QList<Record>& devices)
     int scanned = 0;
     for (const QString& file : files) {
         const QString path = folder + QLatin1Char('/') + file;
-        const auto xml = readregularfile(path, std::min(maxXmlSize, maxMappersScan - scanned));
-        scanned += std::max(xml ? xml->size() : 0, minMapperScan);
+        int read = 0;
+        const auto xml = readregularfile(path, std::min(maxXmlSize, maxMappersScan - scanned), &read);
+        scanned += std::max(read, minMapperScan);
         if (scanned > maxMappersScan)
             break;
         const QStringList ids = xml ? deviceids(*xml, devices) : QStringList();

@@ -19,11 +19,12 @@ have() { command -v "$1" >/dev/null 2>&1; }
 on_macos() { [[ $(uname -s) == Darwin ]]; }
 
 # The packages of one purpose, for apt-get. The fonts are needed because the window asks for Arial, and a machine
-# without any font shows no letter at all; Liberation Sans takes Arial's place, width for width.
+# without any font shows no letter at all; Liberation Sans takes Arial's place, width for width. The tests that drive the
+# mouse come with one that reads the manual.
 apt_packages() {
     case $1 in
     build) say cmake ninja-build g++ qtbase5-dev fontconfig fonts-liberation ;;
-    mouse) say libx11-dev libxtst-dev xvfb ;;
+    mouse) say libx11-dev libxtst-dev xvfb poppler-utils ;;
     lint) say git clang-format clang-tidy clazy shellcheck ;;
     package) say dpkg-dev file lintian desktop-file-utils appstream debootstrap ;;
     images) say librsvg2-bin icnsutils icoutils ;;
@@ -53,11 +54,13 @@ need_space() {
     [[ ${free:-0} -ge $2 ]] || fail "$3 needs $2 MB on the disk of $1, and only ${free:-0} MB are free."
 }
 
-# The compiler keeps its temporary files in the build folder where the usual place for them takes none.
+# Temporary files lie in the build folder where the usual place for them takes none: those of the compiler and of the
+# shell, and the copy of a show that the program makes to read it.
 use_writable_tmp() {
     [[ ! -w ${TMPDIR:-/tmp} ]] || return 0
     export TMPDIR=$root/build/tmp
-    mkdir -p "$TMPDIR" || fail "neither the folder for temporary files nor $root/build can be written."
+    { mkdir -p "$TMPDIR" 2>/dev/null && [[ -w $TMPDIR ]]; } ||
+        fail "neither the folder for temporary files nor $root/build can be written."
 }
 
 # install_packages PURPOSE...: installs what is missing for the purposes. When nothing is missing it asks neither
@@ -89,7 +92,7 @@ install_with_apt() {
         as_root=(sudo)
     fi
     need_space / 1500 "installing ${missing[*]}"
-    say "Installing ${missing[*]}"
+    say "Installing ${missing[*]}, which takes up to 1500 MB"
     # Old lists may still do, so only a failed install is the end. /dev/null: no question waits for an answer.
     "${as_root[@]}" apt-get update -qq </dev/null || say "The package lists could not be refreshed; going on with those at hand."
     # What apt-get says of the size, in its own words.
@@ -110,18 +113,27 @@ install_with_brew() {
     done
     ((${#missing[@]} > 0)) || return 0
     need_space / 3000 "installing ${missing[*]}"
-    say "Installing ${missing[*]}"
+    say "Installing ${missing[*]}, which takes up to 3000 MB"
     brew install "${missing[@]}" </dev/null || fail "brew could not install ${missing[*]}; its own lines above say why."
 }
 
-# is_current PROGRAM: whether the program is there, was built in this very place, and is newer than everything that it
-# is made of. Folders count too: a file that was added or taken away makes its folder newer.
+# is_current PROGRAM: whether the program is there, was built in this very place, and nothing that it is made of has
+# changed since build_current began to build it. Folders count too: a file that was added or taken away makes its folder
+# newer.
 is_current() {
-    local cache=$root/build/release/CMakeCache.txt
-    [[ -x $1 && -f $cache ]] || return 1
+    local cache=$root/build/release/CMakeCache.txt current=$root/build/release/current
+    [[ -x $1 && -f $cache && -f $current ]] || return 1
     grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache" || return 1
     [[ -z $(find "$root"/{CMakeLists.txt,cmake,common,show,padspage,controller,project,app,resources} \
-        -newer "$1" -print -quit) ]]
+        -newer "$current" -print -quit) ]]
+}
+
+# build_current: builds the program in build/release. Not every change makes a new program, so a file of its own tells
+# when the build began.
+build_current() {
+    { mkdir -p "$root/build" 2>/dev/null && touch "$root/build/begun"; } || fail "$root/build cannot be written."
+    build build/release -DCMAKE_BUILD_TYPE=Release lumipad
+    mv "$root/build/begun" "$root/build/release/current"
 }
 
 # build FOLDER OPTIONS TARGET...: configures the build folder (relative to the project) and builds the targets.
@@ -130,9 +142,6 @@ build() {
     local folder=$root/$1 options made_for
     read -ra options <<<"$2"
     shift 2
-    # What is built already needs little more.
-    [[ -f $folder/CMakeCache.txt ]] || need_space "$root" 1000 "building Lumipad"
-    use_writable_tmp
     if on_macos; then
         # Homebrew keeps Qt 5 out of the way of newer ones, where cmake does not look by itself.
         options+=("-DCMAKE_PREFIX_PATH=$(brew --prefix qt@5)")
@@ -142,6 +151,8 @@ build() {
         made_for=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$folder/CMakeCache.txt")
         [[ $made_for == "$root" ]] || rm -rf "$folder"
     fi
+    # What is built already needs little more.
+    [[ -f $folder/CMakeCache.txt ]] || need_space "$root" 1000 "building Lumipad"
     cmake -S "$root" -B "$folder" -G Ninja -DLUMIPAD_WERROR=ON "${options[@]}" ||
         fail "cmake could not prepare the build; its own lines above say why."
     cmake --build "$folder" --target "$@" || fail "the build failed; the compiler's lines above say why."
@@ -153,3 +164,5 @@ run_tests() {
     jobs=$(getconf _NPROCESSORS_ONLN 2>/dev/null || say 2)
     ctest --test-dir "$root/$1" --output-on-failure --no-tests=error -j "$jobs"
 }
+
+use_writable_tmp

@@ -1,19 +1,21 @@
 // lumipad_manual TEXT.html PICTURES FILE.pdf: makes the manual. TEXT.html is in the subset of HTML that
 // QTextDocument reads; its images are looked for in the folder PICTURES, then beside the text. The file
-// depends on nothing but text, pictures and fonts, so an unchanged manual is an unchanged file.
+// depends on nothing but text, pictures and fonts, so an unchanged manual is an unchanged file. Every anchor
+// of the text is an entry of the file's outline, by the name of the heading that it stands in.
 //
 // In the text, "{page:NAME}" stands for the number of the page with the anchor NAME, "{version}" for the
 // program's version, and "{devices}" for the rows of a table of the built-in controllers.
 
 #include "devices.h"
+#include "outline.h"
 #include "version.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QHash>
 #include <QImage>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
@@ -54,14 +56,18 @@ private:
     QStringList m_missing;
 };
 
+/// Where the first line of \a block stands in the document, whose pages follow each other without a gap.
+QRectF firstline(const QTextBlock& block)
+{
+    const QRectF line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).rect() : QRectF();
+    return line.translated(0, block.document()->documentLayout()->blockBoundingRect(block).top());
+}
+
 /// The page on which the first line of \a block stands.
 int firstpage(const QTextBlock& block)
 {
-    const QTextDocument& document = *block.document();
-    const QRectF line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).rect() : QRectF();
-    const qreal top = document.documentLayout()->blockBoundingRect(block).top() + line.top();
     // The middle of the line: rounding may put its upper edge a hair above the page.
-    return int((top + line.height() / 2) / document.pageSize().height()) + 1;
+    return int(firstline(block).center().y() / block.document()->pageSize().height()) + 1;
 }
 
 void breakbefore(const QTextBlock& block)
@@ -90,17 +96,33 @@ void keeptogether(QTextDocument* document)
     }
 }
 
-QHash<QString, int> anchorpages(const QTextDocument& document)
+/// The anchors of \a document in their order, each with the block that it stands in.
+QList<QPair<QString, QTextBlock>> anchors(const QTextDocument& document)
 {
-    QHash<QString, int> pages;
+    QList<QPair<QString, QTextBlock>> all;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QStringList names = part.fragment().charFormat().anchorNames();
             for (const QString& name : names)
-                pages.insert(name, firstpage(block));
+                all.append({name, block});
         }
     }
-    return pages;
+    return all;
+}
+
+/// The headings with anchors as entries of the outline.
+QList<Bookmark> bookmarks(const QTextDocument& document, const QPageLayout& layout)
+{
+    const double top = layout.fullRectPoints().height() - layout.marginsPoints().top();
+    constexpr double pointsPerInch = 72;
+    QList<Bookmark> all;
+    const auto places = anchors(document);
+    for (const auto& place : places) {
+        const int page = firstpage(place.second);
+        const double down = firstline(place.second).top() - (page - 1) * document.pageSize().height();
+        all.append({place.second.text(), page, qRound(top - down * pointsPerInch / resolution)});
+    }
+    return all;
 }
 
 void layout(ManualDocument* document, const QString& html, QPdfWriter* writer)
@@ -113,6 +135,16 @@ void layout(ManualDocument* document, const QString& html, QPdfWriter* writer)
     // What follows a changed block has to move too.
     document->markContentsDirty(0, document->characterCount());
     document->documentLayout()->documentSize();
+}
+
+/// Takes the anchors away, which would be painted as links that lead nowhere.
+void removeanchors(QTextDocument* document)
+{
+    QTextCursor all(document);
+    all.select(QTextCursor::Document);
+    QTextCharFormat plain;
+    plain.setAnchor(false);
+    all.mergeCharFormat(plain);
 }
 
 void paint(ManualDocument* document, QPdfWriter* writer)
@@ -129,7 +161,8 @@ void paint(ManualDocument* document, QPdfWriter* writer)
         painter.translate(0, -part.top());
         painter.setClipRect(part);
         QAbstractTextDocumentLayout::PaintContext context;
-        context.clip = part;
+        // A line that ends where the page begins does not belong to it, though it touches it.
+        context.clip = part.adjusted(0, 1, 0, -1);
         context.palette.setColor(QPalette::Text, QColor(0x22, 0x22, 0x22));
         document->documentLayout()->draw(&painter, context);
         painter.restore();
@@ -204,6 +237,7 @@ QString makemanual(const QString& textfile, const QString& pictures, const QStri
 
     QBuffer pdf;
     pdf.open(QIODevice::WriteOnly);
+    QList<Bookmark> outline;
     ManualDocument document({pictures, QFileInfo(textfile).path()});
     {
         QPdfWriter writer(&pdf);
@@ -214,12 +248,15 @@ QString makemanual(const QString& textfile, const QString& pictures, const QStri
         writer.setCreator(QStringLiteral("Lumipad"));
 
         layout(&document, html, &writer);
-        const QHash<QString, int> pages = anchorpages(document);
-        for (auto page = pages.begin(); page != pages.end(); ++page)
-            html.replace(QStringLiteral("{page:%1}").arg(page.key()), QString::number(page.value()));
+        const auto places = anchors(document);
+        for (const auto& place : places)
+            html.replace(QStringLiteral("{page:%1}").arg(place.first),
+                         QString::number(firstpage(place.second)));
         if (html.contains(QLatin1String("{page:")))
             return QStringLiteral("a {page:…} of %1 names no anchor").arg(textfile);
         layout(&document, html, &writer);
+        outline = bookmarks(document, writer.pageLayout());
+        removeanchors(&document);
         paint(&document, &writer);
     }
     if (!document.missing().isEmpty())
@@ -232,6 +269,9 @@ QString makemanual(const QString& textfile, const QString& pictures, const QStri
     const int at = bytes.indexOf(key);
     if (at >= 0)
         bytes.replace(at + key.size(), date.size(), date);
+    bytes = withoutline(bytes, outline, "en");
+    if (bytes.isEmpty())
+        return QStringLiteral("the outline has no place in a file as the toolkit writes it now");
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return QStringLiteral("cannot write %1").arg(target);

@@ -19,6 +19,11 @@ command -v Xvfb >/dev/null || {
     printf 'Xvfb is missing, and without it there is no X display; scripts/install installs it.\n' >&2
     exit 1
 }
+# Where it cannot make its socket it goes on trying without end.
+[[ -w /tmp ]] || {
+    printf 'The virtual display needs /tmp, which cannot be written.\n' >&2
+    exit 1
+}
 # The display picks a free number itself and writes it down once it answers.
 Xvfb -displayfd 5 -screen 0 4200x1900x24 -nolisten tcp -noreset 5>"$folder/display" >"$folder/log" 2>&1 &
 display_pid=$!

@@ -14,10 +14,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QSet>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QTableView>
 #include <QTest>
+#include <QtMath>
 
 namespace {
 
@@ -98,6 +100,7 @@ private slots:
     void nothingReachesOutOfItsParent();
     void viewsShowWholeRows_data() { outputs(); }
     void viewsShowWholeRows();
+    void fileMenuShowsItsSeparators();
     void nothingStaysBehindTheMouse_data() { outputs(); }
     void nothingStaysBehindTheMouse();
 
@@ -269,6 +272,31 @@ void ScreensTest::viewsShowWholeRows()
 
 /// At a scale that is no whole number the edges of widgets and cells fall between pixels: what is painted
 /// anew must still cover all that was there.
+void ScreensTest::fileMenuShowsItsSeparators()
+{
+    QVERIFY(m_window->showready());
+    auto* menu = m_window->child<QMenu>("menuPage");
+    menu->popup(m_window->mapToGlobal(QPoint(0, 0)));
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    QTRY_VERIFY(shown(*menu).pixelColor(shown(*menu).rect().center()) == QColor(Qt::white));
+    const QImage picture = shown(*menu);
+    int separators = 0;
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions) {
+        if (!action->isSeparator())
+            continue;
+        const QRectF area = menu->actionGeometry(action);
+        QSet<QRgb> colors;
+        for (int y = qFloor((area.top() - 1) * wantedscale()); y <= (area.bottom() + 1) * wantedscale(); ++y)
+            colors.insert(picture.pixel(picture.width() / 2, y));
+        // The menu's ground and the line.
+        QVERIFY2(colors.size() > 1, qPrintable(QString::number(separators)));
+        ++separators;
+    }
+    QCOMPARE(separators, 4);
+    menu->close();
+}
+
 void ScreensTest::nothingStaysBehindTheMouse()
 {
     QFETCH(const bool, midi);

@@ -11,6 +11,7 @@
 #include "testwindow.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QComboBox>
 #include <QFileDialog>
@@ -30,8 +31,8 @@ class MarkingTranslator : public QTranslator
 public:
     QString translate(const char* context, const char* text, const char*, int) const override
     {
-        static const QList<QByteArray> ours{"MainWindow", "Dialog",   "RecordModel",
-                                            "MyModel",    "VDJModel", "Controller"};
+        static const QList<QByteArray> ours{"MainWindow", "Dialog",     "RecordModel", "MyModel",
+                                            "VDJModel",   "Controller", "Accessible"};
         if (!ours.contains(context))
             return QString();
         return QStringLiteral(u"\u27e6") + QString::fromUtf8(text) + QStringLiteral(u"\u27e7");
@@ -165,6 +166,7 @@ private slots:
     void aboutBoxHasNoUntranslatedText();
     void menusHaveNoUntranslatedEntry();
     void toolTipsAreTranslatedAroundTheNames();
+    void whatAssistiveTechnologyReadsIsTranslatedAroundTheNames();
     void messagesAreTranslatedAroundTheNames();
     void fileDialogsAreTranslated();
     void storedTextsStayAsTheyAre();
@@ -244,6 +246,28 @@ void TranslationTest::toolTipsAreTranslatedAroundTheNames()
     QCOMPARE(midi.cell(2, 2).data(Qt::ToolTipRole).toString().count(QChar(0x27e6)), 5);
     const QAbstractItemModel* list = midi.list->model();
     QVERIFY(istranslated(list->headerData(0, Qt::Horizontal).toString()));
+}
+
+void TranslationTest::whatAssistiveTechnologyReadsIsTranslatedAroundTheNames()
+{
+    const Translated language;
+    MidiWindow midi;
+    midi.drop(0, midi.pad(0));
+    midi.drop(1, midi.pad(1));
+    midi.pads->model()->setData(midi.pad(1), "Dark", Qt::EditRole);
+    midi.drop(2, midi.cell(2, 2));
+    const auto text = [](const QTableView* view, const QModelIndex& index) {
+        QAccessibleTableInterface* table =
+            QAccessible::queryAccessibleInterface(const_cast<QTableView*>(view))->tableInterface();
+        return table->cellAt(index.row(), index.column())->text(QAccessible::Name);
+    };
+    const auto marked = [](const QString& words) { return QChar(0x27e6) + words + QChar(0x27e7); };
+    QCOMPARE(text(midi.pads, midi.pad(0)), marked("PAD 1: Strobe"));
+    QCOMPARE(text(midi.pads, midi.pad(1)), marked("PAD 2: Blackout, shown as Dark"));
+    QCOMPARE(text(midi.grid, midi.cell(2, 2)), marked("PAD 1: Slow Fade"));
+    // A pad's own name and that of a Live Button stay as VirtualDJ and the show have them.
+    QCOMPARE(text(midi.pads, midi.pad(2)), QString("PAD 3"));
+    QCOMPARE(text(midi.list, midi.list->model()->index(0, 0)), QString("Strobe"));
 }
 
 void TranslationTest::messagesAreTranslatedAroundTheNames()

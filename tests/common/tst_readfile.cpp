@@ -21,6 +21,7 @@ private slots:
     void refusesWhatIsNoRegularFile();
     void doesNotTakeTheBeginningOfANameForTheName();
     void keepsTheBoundForFilesThatTellNoSize();
+    void tellsHowMuchItHasReadOfWhatItRefuses();
     void takesAReadErrorForAnError();
     void doesNotReadASparseFileBeyondTheBound();
 
@@ -116,6 +117,27 @@ void ReadFileTest::keepsTheBoundForFilesThatTellNoSize()
     timer.start();
     QVERIFY(!readregularfile("/proc/self/pagemap", 8 * 1024 * 1024));
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void ReadFileTest::tellsHowMuchItHasReadOfWhatItRefuses()
+{
+    int read = -1;
+    writefile(path("file"), QByteArray(200000, 'x'));
+    QVERIFY(readregularfile(path("file"), 200000, &read));
+    QCOMPARE(read, 200000);
+    // It says its size, and so is not read at all.
+    QVERIFY(!readregularfile(path("file"), 199999, &read));
+    QCOMPARE(read, 0);
+    QVERIFY(!readregularfile(path("missing"), 10, &read));
+    QCOMPARE(read, 0);
+    if (!QFile::exists("/proc/self/maps")) {
+        QTest::qSkip("This system has no /proc.", __FILE__, __LINE__);
+        return;
+    }
+    for (const int most : {0, 99, 1000}) {
+        QVERIFY(!readregularfile("/proc/self/maps", most, &read));
+        QCOMPARE(read, most + 1);
+    }
 }
 
 void ReadFileTest::takesAReadErrorForAnError()

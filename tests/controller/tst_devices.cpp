@@ -66,6 +66,18 @@ long peakmemory()
     return usage.ru_maxrss / 1024;
 }
 
+/// How many bytes the test has read so far, from whatever files.
+qint64 bytesread()
+{
+    QFile file(QStringLiteral("/proc/self/io"));
+    const QByteArray name("rchar: ");
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = file.readAll();
+    const int at = text.indexOf(name) + name.size();
+    return text.mid(at, text.indexOf('\n', at) - at).toLongLong();
+}
+
 /// A document whose entities, each ten times the one before, would grow to 10^\a levels letters.
 QByteArray entitybomb(int levels)
 {
@@ -133,6 +145,7 @@ private slots:
     void findsADeviceThatIsNamedInAnyWay_data();
     void findsADeviceThatIsNamedInAnyWay();
     void readsTheFolderUpToABoundInSum();
+    void countsWhatItReadsOfFilesThatTellNoSize();
     void isReadySoonWithAFolderFullOfLargeFiles();
 
     void findsADeviceById();
@@ -572,6 +585,25 @@ void DevicesTest::readsTheFolderUpToABoundInSum()
     folder.put("zsmall.xml", mapper("APCMINI"));
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"),
              (QStringList{"large0", "large1", "small", "zsmall"}));
+}
+
+void DevicesTest::countsWhatItReadsOfFilesThatTellNoSize()
+{
+    const QString endless = QStringLiteral("/proc/self/pagemap");
+    if (!QFile::exists(endless) || QFileInfo(endless).size() != 0) {
+        QTest::qSkip("This system has no such file.", __FILE__, __LINE__);
+        return;
+    }
+    const Folder folder;
+    folder.put("a.xml", mapper("APCMINI"));
+    for (int n = 0; n < 20; ++n)
+        QVERIFY(QFile::link(endless, folder.path(QString("endless%1.xml").arg(n))));
+    folder.put("z.xml", mapper("APCMINI"));
+    const qint64 before = bytesread();
+    // They have used up what may be read.
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), QStringList{"a"});
+    const qint64 read = bytesread() - before;
+    QVERIFY2(read <= maxMappersScan + 65536, qPrintable(QString::number(read)));
 }
 
 void DevicesTest::isReadySoonWithAFolderFullOfLargeFiles()

@@ -1,6 +1,7 @@
 #include "pictures.h"
 
 #include "look.h"
+#include "pixels.h"
 #include "user.h"
 
 void calm(User& user, const QStringList& combos)
@@ -27,7 +28,14 @@ void calm(User& user, const QStringList& combos)
 
 void picturebox(User& user, const QString& name)
 {
-    user.picture(name, user.awaitbox(QStringLiteral("The box"), 1).geometry);
+    const ScreenWindow box = user.awaitbox(QStringLiteral("The box"), 1);
+    user.focus(box);
+    user.await(
+        [&] {
+            return !rectangles(user.screen(box.geometry), Look::focusRing, {40, 1}).isEmpty();
+        },
+        QStringLiteral("The box does not show which button has the keyboard."));
+    user.picture(name, box.geometry);
 }
 
 void pictureabove(User& user, const QString& name, const QString& lower, const QStringList& widgets)

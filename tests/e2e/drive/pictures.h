@@ -11,7 +11,7 @@ class User;
 /// popup has closed.
 void calm(User& user, const QStringList& combos);
 
-/// Saves a picture of the message box, once it is drawn and the mouse lights up nothing in it.
+/// Saves a picture of the message box, once it is drawn with its focus and the mouse lights up nothing in it.
 void picturebox(User& user, const QString& name);
 
 /// Saves a picture of the part of the window that holds all of the widgets, as far as it lies above \a lower.

@@ -13,6 +13,7 @@ constexpr QRgb comboFrame = 0xff707070;
 constexpr QRgb comboFrameUnderMouse = 0xff909090;
 constexpr QRgb comboEntryUnderMouse = 0xff505050; ///< the current entry too
 constexpr QRgb editFrameWithKeyboard = 0xffaaaaaa;
+constexpr QRgb focusRing = 0xffaaaaaa; ///< around the control that has the keyboard
 constexpr QRgb gridLine = 0xff252525;
 constexpr QRgb cellSelected = 0xff404040; ///< of the pads page too
 constexpr QRgb cellUnusable = 0xff303030; ///< the switch too

@@ -3,6 +3,7 @@
 #include "childprocess.h"
 #include "trouble.h"
 
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <X11/Xlib.h>
@@ -24,6 +25,9 @@ VirtualDisplay::VirtualDisplay()
     if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
         throw Trouble(
             QStringLiteral("Xvfb is missing, and without it no mouse can be moved; ./check installs it."));
+    // Where it cannot make its socket it goes on trying without end.
+    if (!QFileInfo(QStringLiteral("/tmp")).isWritable())
+        throw Trouble(QStringLiteral("The virtual display needs /tmp, which cannot be written."));
     // The server writes its number on its output once it answers.
     startchild(m_server, ChildEnd::Terminated, QStringLiteral("Xvfb"),
                {"-displayfd", "1", "-screen", "0", screenShape, "-nolisten", "tcp", "-noreset"});
