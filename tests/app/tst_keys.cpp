@@ -2,6 +2,7 @@
 #include "itemroles.h"
 #include "midiwindow.h"
 #include "mymodel.h"
+#include "testfiles.h"
 #include "testmain.h"
 #include "vdjmodel.h"
 
@@ -127,6 +128,8 @@ private slots:
     void arrowsStartAtTheFirstShownCell_data();
     void arrowsStartAtTheFirstShownCell();
     void menuShowsTheKeys();
+    void readmeAndManualNameTheKeys_data();
+    void readmeAndManualNameTheKeys();
     void everyMenuEntryIsReachedByKeys();
     void theWholeJobGoesByKeys();
 };
@@ -876,6 +879,39 @@ void KeysTest::menuShowsTheKeys()
         {QStringLiteral("actionManual"), QStringLiteral("F1")},
     };
     QCOMPARE(shortcuts, wanted);
+}
+
+void KeysTest::readmeAndManualNameTheKeys_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QString>("readme");
+    QTest::addColumn<QString>("manual");
+    QTest::newRow("show") << QByteArray("actionNew") << "load a show"
+                          << "Load a show";
+    QTest::newRow("project") << QByteArray("actionLoad_Project") << "load a project"
+                             << "Load a project";
+    QTest::newRow("save") << QByteArray("actionSave_2") << "save"
+                          << "Save the project";
+    QTest::newRow("export") << QByteArray("actionExport") << "export"
+                            << "Export";
+    QTest::newRow("exit") << QByteArray("actionExit") << "exit"
+                          << "Exit";
+    QTest::newRow("manual") << QByteArray("actionManual") << "the manual"
+                            << "This manual";
+}
+
+void KeysTest::readmeAndManualNameTheKeys()
+{
+    QFETCH(const QByteArray, action);
+    QFETCH(const QString, readme);
+    QFETCH(const QString, manual);
+    const KeyWindow keys(Output::Pads);
+    const QString key = keys.window.child<QAction>(action.constData())->shortcut().toString();
+    const QString project = QStringLiteral(EXAMPLES_DIR "/../");
+    const auto words = [](const QString& path) { return QString::fromUtf8(contents(path)).simplified(); };
+    QVERIFY(words(project + "README.md").contains(key + " (" + readme + ")"));
+    QVERIFY(
+        words(project + "docs/manual/manual.html").contains("<td>" + key + "</td><td>" + manual + "</td>"));
 }
 
 void KeysTest::everyMenuEntryIsReachedByKeys()
