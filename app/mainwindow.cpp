@@ -139,6 +139,11 @@ MainWindow::~MainWindow()
 
 void MainWindow::setupviews()
 {
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
+        // Ahead of the models: a header that is shown loads its bold fonts to measure what it would read.
+        view->horizontalHeader()->hide();
+        view->verticalHeader()->hide();
+    }
     delegate = new Mydelegate(this);
     vdjModel = new VDJModel(this);
     ui->vdjlistview->setModel(vdjModel);
@@ -165,8 +170,6 @@ void MainWindow::setupviews()
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
         connect(static_cast<RecordModel*>(view->model()), &RecordModel::recordsChanged, view->viewport(),
                 qOverload<>(&QWidget::update));
-        view->horizontalHeader()->hide();
-        view->verticalHeader()->hide();
         // Tab leads on to the next control; the arrow keys walk the cells.
         view->setTabKeyNavigation(false);
     }
