@@ -22,6 +22,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -108,7 +109,11 @@ MainWindow::MainWindow(QWidget* parent)
 
     resetbanks();
     updatebankcombo();
-    readdefaultmappers();
+    {
+        // Nothing is to answer to the first entry: there is no mapping yet, and no grid.
+        const QSignalBlocker quiet(ui->devicescombo);
+        readdefaultmappers();
+    }
     readmappers();
     initpadlist();
     updatemidicombo(0);
@@ -123,7 +128,7 @@ MainWindow::MainWindow(QWidget* parent)
     placeoutput(outputs.at(PadsOutput), outputs.at(PadsOutput).windowWidth);
 
     messageBoxStyle = Style::messageBox();
-    // Filling the device choice has moved the focus; a key typed now must not change a name.
+    // A key typed now must not change a name.
     ui->loadini->setFocus();
     history->clear();
     namepopups(this);
