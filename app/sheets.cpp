@@ -23,8 +23,8 @@ void setsheets(const Ui::MainWindow& ui)
         edit->setStyleSheet(Style::lineEdit());
     for (QPushButton* button : {ui.loadini, ui.pushButton_2, ui.cleanpads_button, ui.cleanmidi_button})
         button->setStyleSheet(Style::pushButton());
-    for (QComboBox* combo : {ui.combobox, ui.devicescombo, ui.mididevices, ui.combo_offcolor,
-                             ui.combo_oncolor, ui.bankcombo})
+    for (QComboBox* combo :
+         {ui.combobox, ui.devicescombo, ui.mididevices, ui.combo_offcolor, ui.combo_oncolor, ui.bankcombo})
         combo->setStyleSheet(Style::comboBox());
     ui.tablecontroller->setStyleSheet(Style::controllerTable());
     ui.dmxlistview->setStyleSheet(Style::listTable());
