@@ -1,3 +1,6 @@
+// Lines are joined from many pieces; this joins each in one go.
+#define QT_USE_QSTRINGBUILDER
+
 #include "mapperwriter.h"
 
 #include "itemroles.h"

@@ -5,21 +5,27 @@ namespace controller {
 QString xmlparse(const QString& text)
 {
     QString escaped;
-    escaped.reserve(text.size());
+    int done = 0; // how much of the text stands in there
+    const auto put = [&](int at, int signs, const char* instead) {
+        if (done == 0)
+            escaped.reserve(text.size() + text.size() / 4);
+        escaped.append(text.constData() + done, at - done);
+        escaped += QLatin1String(instead);
+        done = at + signs;
+    };
+    const auto isblank = [&](int at) {
+        return at >= done && at < text.size() && text.at(at) == QLatin1Char(' ');
+    };
     for (int at = 0; at < text.size(); ++at) {
         const QChar sign = text.at(at);
-        if (sign == QLatin1Char('\'')) {
-            escaped += QLatin1String("&apos;");
-        } else if (sign == QLatin1Char('"')) {
-            escaped += QLatin1String("&quot;");
-        } else if (sign == QLatin1Char(' ') && QStringView(text).mid(at, 3) == QLatin1String(" & ")) {
-            escaped += QLatin1String(" &amp; ");
-            at += 2;
-        } else {
-            escaped += sign;
-        }
+        if (sign == QLatin1Char('\''))
+            put(at, 1, "&apos;");
+        else if (sign == QLatin1Char('"'))
+            put(at, 1, "&quot;");
+        else if (sign == QLatin1Char('&') && isblank(at - 1) && isblank(at + 1))
+            put(at, 2, "&amp; ");
     }
-    return escaped;
+    return done == 0 ? text : escaped.append(text.constData() + done, text.size() - done);
 }
 
 QString removeos2l(const QString& action)
