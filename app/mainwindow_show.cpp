@@ -40,7 +40,6 @@ bool MainWindow::loadshowname(const QString& path)
     const app::History::Step step(history.get());
     switchPad = {-1, -1};
     emptywork();
-    ui->combobox->clear();
     pages = show->pages;
     buttons = show->buttons;
     initlist();
