@@ -46,6 +46,9 @@ bool MainWindow::loadshowname(const QString& path)
     updatecombo();
     iniPath = path;
     setWindowTitle(tr("Lumipad - %1").arg(showName));
+    // Views put the layout of new rows off until they have painted them once.
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
+        view->doItemsLayout();
     history->clear();
     return true;
 }
