@@ -12,6 +12,7 @@
 #include "mymodel.h"
 #include "padgeometry.h"
 #include "radiostyle.h"
+#include "sheets.h"
 #include "styles.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
@@ -22,7 +23,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -109,7 +110,11 @@ MainWindow::MainWindow(QWidget* parent)
 
     resetbanks();
     updatebankcombo();
-    readdefaultmappers();
+    {
+        // Nothing is to answer to the first entry: there is no mapping yet, and no grid.
+        const QSignalBlocker quiet(ui->devicescombo);
+        readdefaultmappers();
+    }
     readmappers();
     initpadlist();
     updatemidicombo(0);
@@ -124,7 +129,7 @@ MainWindow::MainWindow(QWidget* parent)
     placeoutput(outputs.at(PadsOutput), outputs.at(PadsOutput).windowWidth);
 
     messageBoxStyle = Style::messageBox();
-    // Filling the device choice has moved the focus; a key typed now must not change a name.
+    // A key typed now must not change a name.
     ui->loadini->setFocus();
     history->clear();
     namepopups(this);
@@ -140,6 +145,11 @@ MainWindow::~MainWindow()
 
 void MainWindow::setupviews()
 {
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
+        // Ahead of the models: a header that is shown loads its bold fonts to measure what it would read.
+        view->horizontalHeader()->hide();
+        view->verticalHeader()->hide();
+    }
     delegate = new Mydelegate(this);
     vdjModel = new VDJModel(this);
     ui->vdjlistview->setModel(vdjModel);
@@ -166,8 +176,6 @@ void MainWindow::setupviews()
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller}) {
         connect(static_cast<RecordModel*>(view->model()), &RecordModel::recordsChanged, view->viewport(),
                 qOverload<>(&QWidget::update));
-        view->horizontalHeader()->hide();
-        view->verticalHeader()->hide();
         // Tab leads on to the next control; the arrow keys walk the cells.
         view->setTabKeyNavigation(false);
     }
@@ -190,35 +198,14 @@ void MainWindow::setupviews()
 
 void MainWindow::setstyles()
 {
-    ui->centralWidget->setStyleSheet(Style::centralWidget());
-    // All labels but label_4, which shows on the window's own background.
-    for (QLabel* label : {ui->label, ui->label_2, ui->label_3, ui->label_5, ui->label_6, ui->label_7,
-                          ui->label_9, ui->label_10, ui->bank_label, ui->bank_label_3, ui->label_padname})
-        label->setStyleSheet(Style::label());
-    // All group boxes but groupBox_colors, which belongs to the one around it.
-    for (QGroupBox* box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
-                           ui->groupBox_pads, ui->groupBox_controller})
-        box->setStyleSheet(Style::groupBox());
     for (QRadioButton* radio :
-         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads}) {
+         {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
         radio->setStyle(new RadioStyle(radio));
-        radio->setStyleSheet(Style::radioButton());
-    }
     ui->menuPage->setStyle(new MenuStyle(ui->menuPage));
-    for (QLineEdit* edit : {ui->padsname, ui->bankname})
-        edit->setStyleSheet(Style::lineEdit());
-    for (QPushButton* button : {ui->loadini, ui->pushButton_2, ui->cleanpads_button, ui->cleanmidi_button})
-        button->setStyleSheet(Style::pushButton());
     for (QComboBox* combo : {ui->combobox, ui->devicescombo, ui->mididevices, ui->combo_offcolor,
-                             ui->combo_oncolor, ui->bankcombo}) {
-        combo->setStyleSheet(Style::comboBox());
+                             ui->combo_oncolor, ui->bankcombo})
         combo->setItemDelegate(new PopupDelegate(combo));
-    }
-    ui->tablecontroller->setStyleSheet(Style::controllerTable());
-    ui->dmxlistview->setStyleSheet(Style::listTable());
-    ui->vdjlistview->setStyleSheet(Style::listTable());
-    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
-        view->verticalScrollBar()->setStyleSheet(Style::scrollBar());
+    setsheets(*ui);
 }
 
 void MainWindow::setupoutputs()

@@ -212,9 +212,11 @@ public slots:
     void savemidiproject(const QString& path);
     /// "Load Project": asks before work is replaced; says so when no project was loaded.
     void on_actionLoad_Project_triggered();
-    /// Asks for a project file and restores show and work from it. False, with nothing changed, when the
-    /// dialog was cancelled, the file cannot be read, or its show is gone.
+    /// Asks for a project file, then `loadprojectname`. False when that fails or the dialog was cancelled.
     bool loadproject();
+    /// Restores show and work from the project file \a path. False, with nothing changed, when the file
+    /// cannot be read or its show is gone.
+    bool loadprojectname(const QString& path);
 
     // Help
 

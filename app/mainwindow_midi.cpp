@@ -68,7 +68,9 @@ void MainWindow::updatemidicombo(int device)
     setitemsizes(ui->mididevices);
 
     const bool anycolor = controller::ledcolors(record) == controller::LedColors::Any;
-    ui->groupBox_colors->setHidden(anycolor);
+    // To show what is shown already would have the hidden side of the window styled at the start.
+    if (ui->groupBox_colors->isHidden() != anycolor)
+        ui->groupBox_colors->setHidden(anycolor);
     if (anycolor) {
         ui->label_10->setText(tr("Colors : Device has RGB Leds."));
         return;

@@ -102,6 +102,11 @@ bool MainWindow::loadproject()
 {
     const QString path =
         QFileDialog::getOpenFileName(this, tr("Select a Lumipad Project"), projectsPath, projectfilter());
+    return loadprojectname(path);
+}
+
+bool MainWindow::loadprojectname(const QString& path)
+{
     project::Project work;
     if (!readprojectfile(path, &work))
         return false;

@@ -40,13 +40,15 @@ bool MainWindow::loadshowname(const QString& path)
     const app::History::Step step(history.get());
     switchPad = {-1, -1};
     emptywork();
-    ui->combobox->clear();
     pages = show->pages;
     buttons = show->buttons;
     initlist();
     updatecombo();
     iniPath = path;
     setWindowTitle(tr("Lumipad - %1").arg(showName));
+    // Views put the layout of new rows off until they have painted them once.
+    for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
+        view->doItemsLayout();
     history->clear();
     return true;
 }

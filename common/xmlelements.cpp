@@ -26,16 +26,33 @@ bool holdsany(const QString& text, const QStringList& tags)
                        [&text](const QString& tag) { return text.contains(QLatin1Char('<') + tag); });
 }
 
-/// Appends the elements below \a parent, which lie at most `maxXmlDepth` deep.
-void collect(const QDomNode& parent, const QStringList& tags, QList<XmlElement>* elements)
+/// Calls \a visit with each element below \a parent, which lie at most `maxXmlDepth` deep, that is one of \a
+/// tags.
+template<class Visit>
+void visitelements(const QDomNode& parent, const QStringList& tags, const Visit& visit)
 {
     for (QDomElement element = parent.firstChildElement(); !element.isNull();
          element = element.nextSiblingElement()) {
-        const QString tag = element.tagName();
-        if (tags.contains(tag))
-            elements->append({tag, recordof(element.attributes())});
-        collect(element, tags, elements);
+        if (tags.contains(element.tagName()))
+            visit(element);
+        visitelements(element, tags, visit);
     }
+}
+
+/// The same for the document \a xml.
+template<class Visit>
+void visitelements(const QByteArray& xml, const QStringList& tags, Malformed malformed, XmlRefusal* refusal,
+                   const Visit& visit)
+{
+    const XmlText safe = safexml(xml);
+    if (refusal)
+        *refusal = safe.refusal;
+    if (!holdsany(safe.text, tags))
+        return;
+    QDomDocument document;
+    // After an error the document holds what was read ahead of it.
+    if (document.setContent(safe.text) || malformed == Malformed::WhatWasRead)
+        visitelements(document, tags, visit);
 }
 
 } // namespace
@@ -43,16 +60,10 @@ void collect(const QDomNode& parent, const QStringList& tags, QList<XmlElement>*
 QList<XmlElement> elementsof(const QByteArray& xml, const QStringList& tags, Malformed malformed,
                              XmlRefusal* refusal)
 {
-    const XmlText safe = safexml(xml);
-    if (refusal)
-        *refusal = safe.refusal;
     QList<XmlElement> elements;
-    if (!holdsany(safe.text, tags))
-        return elements;
-    QDomDocument document;
-    // After an error the document holds what was read ahead of it.
-    if (document.setContent(safe.text) || malformed == Malformed::WhatWasRead)
-        collect(document, tags, &elements);
+    visitelements(xml, tags, malformed, refusal, [&elements](const QDomElement& element) {
+        elements.append({element.tagName(), recordof(element.attributes())});
+    });
     return elements;
 }
 
@@ -60,4 +71,16 @@ QList<XmlElement> readelements(const QString& path, const QStringList& tags)
 {
     const auto xml = readregularfile(path, maxXmlSize);
     return xml ? elementsof(*xml, tags) : QList<XmlElement>();
+}
+
+QHash<QString, QString> readpairs(const QString& path, const QString& tag, const QString& key,
+                                  const QString& value)
+{
+    QHash<QString, QString> pairs;
+    if (const auto xml = readregularfile(path, maxXmlSize)) {
+        visitelements(*xml, {tag}, Malformed::Nothing, nullptr, [&](const QDomElement& element) {
+            pairs.insert(element.attribute(key), element.attribute(value));
+        });
+    }
+    return pairs;
 }

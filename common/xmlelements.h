@@ -5,6 +5,7 @@
 #include "xmltext.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -27,3 +28,9 @@ QList<XmlElement> elementsof(const QByteArray& xml, const QStringList& tags,
 /// The same for the file \a path. Empty for a file that is missing, unreadable, malformed or larger than
 /// `maxXmlSize` bytes.
 QList<XmlElement> readelements(const QString& path, const QStringList& tags);
+
+/// For every element \a tag of the file \a path: its attribute \a value by its attribute \a key. Of several
+/// elements with the same key the last counts; an attribute that is missing reads as the empty text. Empty
+/// where `readelements` is.
+QHash<QString, QString> readpairs(const QString& path, const QString& tag, const QString& key,
+                                  const QString& value);

@@ -193,10 +193,10 @@ XmlRefusal Walk::tag()
 {
     int attributes = 0;
     for (++m_at; m_at < m_text.size();) {
-        const char sign = m_text.at(m_at).toLatin1();
-        if (sign == '>')
+        const char16_t sign = m_text.at(m_at).unicode();
+        if (sign == u'>')
             break;
-        if (sign != '"' && sign != '\'') {
+        if (sign != u'"' && sign != u'\'') {
             ++m_at;
             continue;
         }
@@ -216,12 +216,13 @@ XmlRefusal Walk::tag()
 /// Puts character references for the tabs and line breaks of the value from \a start to \a end.
 void Walk::makesafe(int start, int end)
 {
+    const QChar* const signs = m_text.constData();
     for (int at = start; at < end; ++at) {
-        const char sign = m_text.at(at).toLatin1();
-        if (sign != '\t' && sign != '\n' && sign != '\r')
+        const char16_t sign = signs[at].unicode();
+        if (sign != u'\t' && sign != u'\n' && sign != u'\r')
             continue;
-        m_safe.append(m_text.constData() + m_copied, at - m_copied);
-        m_safe += QLatin1String(sign == '\t' ? "&#9;" : sign == '\n' ? "&#10;" : "&#13;");
+        m_safe.append(signs + m_copied, at - m_copied);
+        m_safe += QLatin1String(sign == u'\t' ? "&#9;" : sign == u'\n' ? "&#10;" : "&#13;");
         m_copied = at + 1;
     }
 }

@@ -5,23 +5,18 @@
 #include "xmlelements.h"
 
 #include <QFileInfo>
-#include <QHash>
 
 namespace controller {
 
 namespace {
 
-using Actions = QHash<QString, QString>;
-
 /// The factory action of every name in the mapping; empty when it is too long for one.
-Actions readactions(const QString& mapperpath)
+QHash<QString, QString> readactions(const QString& mapperpath)
 {
-    Actions actions;
-    const auto maps = readelements(mapperpath, {QStringLiteral("map")});
-    for (const XmlElement& map : maps) {
-        const QString action = map.attributes.value(Key::action());
-        actions.insert(map.attributes.value(Key::value()),
-                       action.size() > maxActionLength ? QString() : action);
+    auto actions = readpairs(mapperpath, QStringLiteral("map"), Key::value(), Key::action());
+    for (QString& action : actions) {
+        if (action.size() > maxActionLength)
+            action.clear();
     }
     return actions;
 }
@@ -43,7 +38,7 @@ QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath)
     const QStringList types{pad, button, QStringLiteral("slider"), QStringLiteral("ignore"),
                             QStringLiteral("empty")};
     const auto controls = readelements(layoutpath, types);
-    const Actions actions = readactions(mapperpath);
+    const QHash<QString, QString> actions = readactions(mapperpath);
     const auto factoryaction = [&](const QString& name) { return removeos2l(actions.value(name)); };
 
     QList<Record> keys;

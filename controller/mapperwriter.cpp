@@ -1,3 +1,7 @@
+// Lines are joined from many pieces; this joins each in one go. What joins has to name QString as its type:
+// the sum itself only refers to its pieces.
+#define QT_USE_QSTRINGBUILDER
+
 #include "mapperwriter.h"
 
 #include "itemroles.h"
@@ -90,7 +94,7 @@ QString controllines(const Mapping& mapping, const Record& key, bool ispad)
     const QString shine = press + " ? " + led.lit;
     const QString nothing = QStringLiteral("nothing");
 
-    const auto lines = [&key](const QString& pressed, const QString& shown) {
+    const auto lines = [&key](const QString& pressed, const QString& shown) -> QString {
         return line(key.value(Key::value()), pressed) + line(key.value(Key::led()), shown);
     };
     const bool placed = show::holdsbutton(pad.id);

@@ -4,28 +4,36 @@ namespace controller {
 
 QString xmlparse(const QString& text)
 {
+    const QChar* const signs = text.constData();
     QString escaped;
-    escaped.reserve(text.size());
+    int done = 0; // how much of the text stands in there
+    const auto put = [&](int at, int count, const char* instead) {
+        if (done == 0)
+            escaped.reserve(text.size() + text.size() / 4);
+        escaped.append(signs + done, at - done);
+        escaped += QLatin1String(instead);
+        done = at + count;
+    };
+    const auto isblank = [&](int at) {
+        return at >= done && at < text.size() && signs[at] == QLatin1Char(' ');
+    };
     for (int at = 0; at < text.size(); ++at) {
-        const QChar sign = text.at(at);
-        if (sign == QLatin1Char('\'')) {
-            escaped += QLatin1String("&apos;");
-        } else if (sign == QLatin1Char('"')) {
-            escaped += QLatin1String("&quot;");
-        } else if (sign == QLatin1Char(' ') && QStringView(text).mid(at, 3) == QLatin1String(" & ")) {
-            escaped += QLatin1String(" &amp; ");
-            at += 2;
-        } else {
-            escaped += sign;
-        }
+        const char16_t sign = signs[at].unicode();
+        // Letters are ruled out by one comparison.
+        if (sign > u'\'')
+            continue;
+        if (sign == u'\'')
+            put(at, 1, "&apos;");
+        else if (sign == u'"')
+            put(at, 1, "&quot;");
+        else if (sign == u'&' && isblank(at - 1) && isblank(at + 1))
+            put(at, 2, "&amp; ");
     }
-    return escaped;
+    return done == 0 ? text : escaped.append(signs + done, text.size() - done);
 }
 
 QString removeos2l(const QString& action)
 {
-    const QString condition = QStringLiteral(" ? ");
-    const QString alternative = QStringLiteral(" : ");
     // Its beginning tells; an action may be long, and few are wrapped.
     const QString beginning = action.left(32);
     if (!beginning.contains(QLatin1String("$os2l")))
@@ -36,6 +44,8 @@ QString removeos2l(const QString& action)
     if (!escaped.startsWith(QLatin1String("var &apos;$os2l&apos;")))
         return action;
 
+    const QString condition = QStringLiteral(" ? ");
+    const QString alternative = QStringLiteral(" : ");
     // The pieces are dropped by moving on in the text, not by cutting it: an action may be megabytes long.
     int start = 0;
     int c = -1;
