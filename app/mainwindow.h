@@ -299,6 +299,8 @@ private:
     void offerpalette(const QStringList& palette, int off, int on);
     void resetbanks();
     void emptywork();
+    void nameshow(const QString& path);
+    void restoreshow(const project::Head& head);
     void saveproject(const QString& path, project::Project work);
     bool readprojectfile(const QString& path, project::Project* work);
     void restorehead(const project::Head& head);

@@ -111,8 +111,12 @@ bool MainWindow::loadprojectname(const QString& path)
     if (!readprojectfile(path, &work))
         return false;
     const app::History::Step step(history.get());
-    for (const project::Head& head : std::as_const(work.heads))
+    for (const project::Head& head : std::as_const(work.heads)) {
+        // Of several shows the last one stays.
+        if (&head == &work.heads.constLast())
+            restoreshow(head);
         restorehead(head);
+    }
 
     const OutputMode& output = outputs.at(work.ismidi() ? MidiOutput : PadsOutput);
     const auto restore = [&](const auto& cells) {
@@ -136,7 +140,7 @@ bool MainWindow::loadprojectname(const QString& path)
 }
 
 /// Reads the project file \a path into \a work. False when it cannot be read or one of its shows is gone;
-/// also when it has more heads than a person could have put together, as each of them reads its show.
+/// also when it has more heads than a person could have put together.
 bool MainWindow::readprojectfile(const QString& path, project::Project* work)
 {
     const auto text = readregularfile(path, maxXmlSize);
@@ -148,14 +152,23 @@ bool MainWindow::readprojectfile(const QString& path, project::Project* work)
                        [](const project::Head& head) { return QFileInfo(head.show).isFile(); });
 }
 
-/// Reads the show of a project and puts back everything but the cells.
-void MainWindow::restorehead(const project::Head& head)
+/// Reads the show of a project. One that exists but cannot be read leaves an empty list and empty grids, not
+/// those of another show, and the work still belongs to it: saved again, it can be loaded again.
+void MainWindow::restoreshow(const project::Head& head)
 {
     showName = head.showName;
-    // A show that exists but cannot be read leaves an empty list and empty grids, not those of another show.
-    if (!loadshowname(head.show))
-        emptywork();
+    if (loadshowname(head.show))
+        return;
+    pages.clear();
+    buttons.clear();
+    updatecombo();
+    emptywork();
+    nameshow(head.show);
+}
 
+/// Puts back everything that a project's head holds beside the show.
+void MainWindow::restorehead(const project::Head& head)
+{
     if (!head.pads.banks.isEmpty())
         banks = head.pads.banks;
     switchPad = {head.controller.switchPad.row, head.controller.switchPad.column};

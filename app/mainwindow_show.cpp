@@ -5,6 +5,7 @@
 #include "itemroles.h"
 #include "lightshow.h"
 #include "mymodel.h"
+#include "names.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
 #include "vdjmodel.h"
@@ -44,13 +45,20 @@ bool MainWindow::loadshowname(const QString& path)
     buttons = show->buttons;
     initlist();
     updatecombo();
-    iniPath = path;
-    setWindowTitle(tr("Lumipad - %1").arg(showName));
+    nameshow(path);
     // Views put the layout of new rows off until they have painted them once.
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
         view->doItemsLayout();
     history->clear();
     return true;
+}
+
+/// Remembers whose work this is: the show that \a path (`Live/live.ini`) is of, and `showName`. A project may
+/// give it a name that no window manager takes.
+void MainWindow::nameshow(const QString& path)
+{
+    iniPath = path;
+    setWindowTitle(tr("Lumipad - %1").arg(shownname(showName)));
 }
 
 /// Empties the list and both grids, and gives banks and page their first names.

@@ -14,7 +14,7 @@
 namespace {
 
 /// Whether everything that was written to \a file has arrived on the disk, which may be somewhere else.
-bool arrived(QFile* file)
+bool arrived(QFileDevice* file)
 {
     if (!file->flush())
         return false;
@@ -56,9 +56,9 @@ bool writetextfile(const QString& path, const QString& text)
     // In a folder that takes no new files an existing one may still be writable.
     if (!file.open(QIODevice::WriteOnly))
         return writeinplace(path, bytes);
-    // The commit does not notice when what is still buffered no longer fits on the disk; the short file would
-    // replace the whole one.
-    if (file.write(bytes) != bytes.size() || !file.flush())
+    // The commit does not notice when what is still buffered no longer fits on the disk, or when the disk
+    // says so only once it is asked; the short file would replace the whole one.
+    if (file.write(bytes) != bytes.size() || !arrived(&file))
         file.cancelWriting();
     return file.commit();
 }

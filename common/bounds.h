@@ -18,8 +18,12 @@ constexpr int maxXmlAttributes = 256;
 /// 30,000. The document tree takes some 400 bytes for each.
 constexpr int maxXmlParts = 300'000;
 
-/// `project` elements of a project file: Lumipad writes one. Each has its show read.
+/// `project` elements of a project file: Lumipad writes one. The show of each is looked for.
 constexpr int maxProjects = 4;
+
+/// Bank names in a project, where a comma in a name makes two of it: there are eight banks. Every step of
+/// undo may hold all of them.
+constexpr int maxBankNames = 1000;
 
 /// `mapper` elements of one mapping file: VirtualDJ writes one. Each becomes an entry to choose.
 constexpr int maxMappersPerFile = 100;
@@ -30,6 +34,10 @@ constexpr int maxMappersScan = 16 * 1024 * 1024;
 
 /// What a file counts at least in that sum: opening it takes as long as reading this many bytes.
 constexpr int minMapperScan = 4096;
+
+/// What each element and attribute of a file that is parsed counts at least there: a line of a mapping has
+/// three of them and some sixty bytes.
+constexpr int minMapperScanPart = 12;
 
 /// Characters of an action in a mapping; a longer one reads as empty. Actions are lines of some dozen words,
 /// and an exported mapping repeats and escapes them.

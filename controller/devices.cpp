@@ -53,12 +53,16 @@ bool canname(const QByteArray& xml, const QList<Record>& devices)
            });
 }
 
+/// What parsing \a xml counts in a scan, at most: the number of its elements and attributes by their signs.
+int parsingcost(const QByteArray& xml)
+{
+    const auto parts = xml.count('<') + (xml.count('"') + xml.count('\'')) / 2;
+    return static_cast<int>(std::min<qint64>(qint64(parts) * minMapperScanPart, maxMappersScan));
+}
+
 /// The ids of \a devices that the mapping file \a xml is for.
 QStringList deviceids(const QByteArray& xml, const QList<Record>& devices)
 {
-    // Parsing takes by far the most of a scan, and most mappings are for other controllers.
-    if (!canname(xml, devices))
-        return {};
     QStringList ids;
     const auto mappers = elementsof(xml, {QStringLiteral("mapper")}).mid(0, maxMappersPerFile);
     for (const XmlElement& mapper : mappers) {
@@ -133,10 +137,12 @@ QList<Record> readmappers(const QString& folder, const QList<Record>& devices)
         const QString path = folder + QLatin1Char('/') + file;
         int read = 0;
         const auto xml = readregularfile(path, std::min(maxXmlSize, maxMappersScan - scanned), &read);
-        scanned += std::max(read, minMapperScan);
+        // Parsing takes by far the most of a scan, and most mappings are for other controllers.
+        const bool parsed = xml && canname(*xml, devices);
+        scanned += std::max({read, minMapperScan, parsed ? parsingcost(*xml) : 0});
         if (scanned > maxMappersScan)
             break;
-        const QStringList ids = xml ? deviceids(*xml, devices) : QStringList();
+        const QStringList ids = parsed ? deviceids(*xml, devices) : QStringList();
         for (const QString& id : ids)
             mappers.append(mapperrecord(id, QFileInfo(file).baseName(), path));
     }

@@ -109,9 +109,24 @@ QString keylines(const QList<Cell>& cells)
     return lines;
 }
 
+/// The first \a most parts of \a text, which commas part.
+QStringList firstparts(const QString& text, int most)
+{
+    QStringList parts;
+    decltype(text.size()) start = 0;
+    while (parts.size() < most) {
+        const auto comma = text.indexOf(QLatin1Char(','), start);
+        parts.append(text.mid(start, comma < 0 ? -1 : comma - start));
+        if (comma < 0)
+            break;
+        start = comma + 1;
+    }
+    return parts;
+}
+
 Position readposition(const QString& text)
 {
-    const QStringList parts = text.split(QLatin1Char(','));
+    const QStringList parts = firstparts(text, 2);
     return parts.size() < 2 ? Position() : Position{parts.at(0).toInt(), parts.at(1).toInt()};
 }
 
@@ -127,7 +142,7 @@ Head readhead(const Record& attributes)
             attributes.value(Word::showName()),
             attributes.value(Word::exportName()),
             {attributes.value(Word::layout()) == QLatin1String("1"),
-             banks.isEmpty() ? QStringList() : banks.split(QLatin1Char(','))},
+             banks.isEmpty() ? QStringList() : firstparts(banks, maxBankNames)},
             {attributes.value(Word::deviceId()), readposition(attributes.value(Word::switchPad())),
              readindex(attributes.value(Word::offColor())), readindex(attributes.value(Word::onColor()))}};
 }

@@ -22,7 +22,7 @@ struct Position
 struct PadsSettings
 {
     bool sixteenPads = false;
-    QStringList banks; ///< names, any number of them; none = every bank has its first name
+    QStringList banks; ///< names, up to `maxBankNames`; none = every bank has its first name
 };
 
 /// What only the projects of a MIDI controller hold.

@@ -5,6 +5,7 @@
 #include "readfile.h"
 #include "storedtexts.h"
 
+#include <QDir>
 #include <QSettings>
 #include <QTemporaryFile>
 
@@ -51,6 +52,8 @@ private:
 /// Copies every key of \a group into \a record.
 void ShowReader::readgroup(const QString& group, Record* record)
 {
+    // Pages give the names of their groups, of any length; a group need not exist to be asked for.
+    m_characters += group.size();
     m_settings->beginGroup(group);
     const QStringList keys = m_settings->allKeys();
     for (const QString& key : keys) {
@@ -109,22 +112,32 @@ LightShow ShowReader::show()
     return show;
 }
 
+/// Reads the show from \a copy, which is empty afterwards.
+LightShow readcopy(QTemporaryFile* copy)
+{
+    QSettings settings(copy->fileName(), QSettings::IniFormat);
+    const LightShow show = ShowReader(&settings).show();
+    // It keeps what it has parsed for the next reader of the same file; there will be none.
+    copy->resize(0);
+    settings.sync();
+    return show;
+}
+
 } // namespace
 
 std::optional<LightShow> readlightshow(const QString& path)
 {
     const auto bytes = readregularfile(path, maxLightShowSize);
     const auto plain = bytes ? plainini(*bytes) : std::nullopt;
-    // QSettings reads from files only.
-    QTemporaryFile copy;
-    if (!plain || !copy.open() || copy.write(*plain) != plain->size() || !copy.flush())
+    if (!plain)
         return std::nullopt;
-    QSettings settings(copy.fileName(), QSettings::IniFormat);
-    const LightShow show = ShowReader(&settings).show();
-    // It keeps what it has parsed for the next reader of the same file; there will be none.
-    copy.resize(0);
-    settings.sync();
-    return show;
+    // QSettings reads from files only. The usual place for temporary files may be full or closed.
+    for (const QString& folder : {QDir::tempPath(), QDir::homePath()}) {
+        QTemporaryFile copy(folder + QStringLiteral("/.lumipad-XXXXXX"));
+        if (copy.open() && copy.write(*plain) == plain->size() && copy.flush())
+            return readcopy(&copy);
+    }
+    return std::nullopt;
 }
 
 QString getcolor(const QString& color)

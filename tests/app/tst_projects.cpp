@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "controller.h"
 #include "fulldisk.h"
 #include "itemroles.h"
@@ -339,6 +340,9 @@ private slots:
     void appliesWhatAMalformedFileHolds();
     void appliesTheLastOfTwoProjects();
     void restoresNothingWhenOneOfTwoShowsIsGone();
+    void leavesTheWorkAloneForMoreProjectsThanAPersonHas();
+    void keepsTheShowOfAProjectThatCannotBeRead();
+    void showsTheBeginningOfALongShowName();
     void loadsKeysWithoutAProject();
     void keepsGoingWithOddKeys();
     void survivesOddProjects_data();
@@ -1136,6 +1140,60 @@ void ProjectsTest::restoresNothingWhenOneOfTwoShowsIsGone()
         CHECK(compareMessage(session.loadtext(text, {ok()}).value(2), loadFailed, session));
         QCOMPARE(session.work(), work);
     }
+}
+
+void ProjectsTest::leavesTheWorkAloneForMoreProjectsThanAPersonHas()
+{
+    Session session;
+    session.putsixteenpads();
+    const QStringList work = session.work();
+    const QByteArray one = "<project type=\"midi\"" + session.show() + "/>";
+    CHECK(
+        compareMessage(session.loadtext("<all>" + one.repeated(maxProjects + 1) + "</all>", {ok()}).value(2),
+                       loadFailed, session));
+    QCOMPARE(session.work(), work);
+    QCOMPARE(session.loadtext("<all>" + one.repeated(maxProjects) + "</all>").size(), 2);
+    QVERIFY(session.window.child<QRadioButton>("radio_outputmidi")->isChecked());
+}
+
+void ProjectsTest::keepsTheShowOfAProjectThatCannotBeRead()
+{
+    Session session;
+    session.putsixteenpads();
+    const QString damaged =
+        writeshow(session.home, "Sunday", {{"Calm", {{"Candle", 0xFFAA00}}}}) + "/Live/live.ini";
+    QVERIFY(QFile::resize(damaged, maxLightShowSize + 1));
+    const QByteArray key =
+        "<key row=\"4\" column=\"0\" name=\"Candle\" dspname=\"Candle\" pagenr=\"1\" id=\"0\" />";
+    QCOMPARE(
+        session
+            .loadtext(projectfile("type=\"pads\" show=\"" + damaged.toUtf8() + "\" showname=\"Sunday\"", key))
+            .size(),
+        2);
+    // Nothing of the former show is left.
+    QCOMPARE(session.window.dmxModel->rowCount(), 0);
+    QCOMPARE(session.window.child<QComboBox>("combobox")->count(), 0);
+    QCOMPARE(session.window.buttonsperpage(1), 0);
+    QCOMPARE(session.window.windowTitle(), QString("Lumipad - Sunday"));
+    // What is saved now comes back with the show once that is whole again.
+    const QString path = session.path("again.os2l");
+    session.saveas(path);
+    writeshow(session.home, "Sunday", {{"Calm", {{"Candle", 0xFFAA00}}}});
+    session.loadfile(path);
+    QCOMPARE(session.window.dmxModel->rowCount(), 1);
+    QCOMPARE(session.window.vdjModel->index(4, 0).data().toString(), QString("Candle"));
+    QCOMPARE(session.checkedrows(), QList<int>({0}));
+}
+
+void ProjectsTest::showsTheBeginningOfALongShowName()
+{
+    Session session;
+    const QByteArray name(1000000, 'n');
+    QByteArray text = projectfile("type=\"pads\"" + session.show());
+    text.replace("showname=\"Friday\"", "showname=\"" + name + '"');
+    session.loadtext(text);
+    QVERIFY(session.window.showName == QString::fromLatin1(name));
+    QCOMPARE(session.window.windowTitle(), "Lumipad - " + QString(maxShownLength, 'n'));
 }
 
 void ProjectsTest::loadsKeysWithoutAProject()

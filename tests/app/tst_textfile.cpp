@@ -6,9 +6,22 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cerrno>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
+
+static bool synchronizing = true; ///< whether the disk takes what was written when it is asked
+
+/// In the place of the system's own for the whole program.
+extern "C" int fsync(int file)
+{
+    if (synchronizing)
+        return static_cast<int>(::syscall(SYS_fsync, file));
+    errno = EDQUOT;
+    return -1;
+}
 
 namespace {
 
@@ -86,6 +99,7 @@ private slots:
     void keepsTheFileInAClosedFolderWhenItMayNotGrow();
     void keepsTheFileInAClosedFolderOnAFullDisk();
     void keepsTheFileOnAFullDisk();
+    void keepsTheFileWhenTheDiskRefusesItLate();
     void leavesAPipeAlone();
 
 private:
@@ -211,6 +225,25 @@ void TextFileTest::keepsTheFileOnAFullDisk()
     QVERIFY(!writetextfile(path(), QString(100000, 'n')));
     QCOMPARE(contents(path()), QByteArray(5000, 'o'));
     QCOMPARE(files(), QStringList("file"));
+}
+
+void TextFileTest::keepsTheFileWhenTheDiskRefusesItLate()
+{
+    // As disks with quotas and disks elsewhere do: writing succeeds, and only who asks learns that it did
+    // not.
+    writefile(path(), "earlier file");
+    synchronizing = false;
+    const bool saved = writetextfile(path(), QStringLiteral("text"));
+    const bool inplace = [this] {
+        const ClosedFolder closed(m_folder->path());
+        return writetextfile(path(), QStringLiteral("text"));
+    }();
+    synchronizing = true;
+    QVERIFY(!saved);
+    QVERIFY(!inplace);
+    QCOMPARE(contents(path()), QByteArray("earlier file"));
+    QCOMPARE(files(), QStringList("file"));
+    QVERIFY(writetextfile(path(), QStringLiteral("text")));
 }
 
 void TextFileTest::leavesAPipeAlone()

@@ -145,6 +145,7 @@ private slots:
     void findsADeviceThatIsNamedInAnyWay_data();
     void findsADeviceThatIsNamedInAnyWay();
     void readsTheFolderUpToABoundInSum();
+    void countsTheElementsAndAttributesThatItParses();
     void countsWhatItReadsOfFilesThatTellNoSize();
     void isReadySoonWithAFolderFullOfLargeFiles();
 
@@ -585,6 +586,22 @@ void DevicesTest::readsTheFolderUpToABoundInSum()
     folder.put("zsmall.xml", mapper("APCMINI"));
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"),
              (QStringList{"large0", "large1", "small", "zsmall"}));
+}
+
+void DevicesTest::countsTheElementsAndAttributesThatItParses()
+{
+    // As many parts as a file may have, three in each element of a few bytes.
+    const QByteArray many = QByteArray("<a b=''c=''/>").repeated(maxXmlParts / 3 - 10);
+    constexpr int fitting = maxMappersScan / (maxXmlParts * minMapperScanPart);
+    const Folder folder;
+    QStringList names;
+    for (int n = 0; n < fitting + 2; ++n) {
+        folder.put(QString("%1.xml").arg(n), "<mapper device=\"APCMINI\">" + many + "</mapper>");
+        names.append(QString::number(n));
+    }
+    folder.put("0 of another device.xml", "<mapper device=\"UNKNOWN\">" + many + "</mapper>");
+    QVERIFY(many.size() < maxMappersScan / names.size() / 2);
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), names.mid(0, fitting));
 }
 
 void DevicesTest::countsWhatItReadsOfFilesThatTellNoSize()

@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "project.h"
 
 #include "itemroles.h"
@@ -552,6 +553,9 @@ void ProjectTest::readsOddFilesInBoundedTime_data()
     QTest::newRow("100,000 levels") << open + QByteArray("<a>").repeated(100000) + "<key/>" +
                                            QByteArray("</a>").repeated(100000) + "</project>"
                                     << 1;
+    QTest::newRow("a million banks") << "<project banks=\"" + QByteArray("b,").repeated(1000000) +
+                                            "\" switch=\"" + QByteArray("3,").repeated(1000000) + "\"/>"
+                                     << 1;
     QTest::newRow("100,000 levels, none closed") << open + QByteArray("<a>").repeated(100000) << 1;
     QTest::newRow("100,000 projects, one in the other") << open.repeated(100000) << 100000;
     QByteArray wide = "<project show=\"A\" ><key";
@@ -586,7 +590,7 @@ void ProjectTest::readsOddFilesInBoundedTime()
     const Project read = readsoon(text);
     QVERIFY(read.heads.size() <= shows);
     for (const Head& head : read.heads)
-        QVERIFY(head.show.size() < 100000);
+        QVERIFY(head.show.size() < 100000 && head.pads.banks.size() <= maxBankNames);
 }
 
 void ProjectTest::readsEveryTruncation()

@@ -128,6 +128,8 @@ private slots:
     void filesWithoutAnEndAreNotRead_data();
     void filesWithoutAnEndAreNotRead();
     void pagesThatShareTheirButtonsAreReadUpToABound();
+    void groupsWithLongNamesAreAskedForUpToABound();
+    void isReadWhereNoTemporaryFilesCanBeMade();
     void longNamesAreCut();
     void oddFilesAreReadSoon_data();
     void oddFilesAreReadSoon();
@@ -934,6 +936,32 @@ void TestLightShow::pagesThatShareTheirButtonsAreReadUpToABound()
     for (const Record& button : copies)
         characters += button.value("title").size();
     QVERIFY(characters <= maxShowCharacters);
+}
+
+void TestLightShow::groupsWithLongNamesAreAskedForUpToABound()
+{
+    // None of the groups exists.
+    const LightShow show =
+        read("[page]\nnumber=1\n[page1]\nnb_buttons=50000\npageid=" + QByteArray(1000000, 'a') + '\n');
+    QCOMPARE(damage(show), QString());
+    QVERIFY(!show.buttons.isEmpty() && show.buttons.size() <= maxShowCharacters / 1000000);
+}
+
+void TestLightShow::isReadWhereNoTemporaryFilesCanBeMade()
+{
+    const QString path = write(oneButton("title=Strobe"));
+    const QDir home = QDir::home();
+    const QStringList before = home.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    const QByteArray usual = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/nowhere");
+    const auto show = readlightshow(path);
+    if (usual.isEmpty())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", usual);
+    QVERIFY(show);
+    QCOMPARE(show->buttons.value(0).value("title"), QString("Strobe"));
+    QCOMPARE(home.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), before);
 }
 
 void TestLightShow::longNamesAreCut()
