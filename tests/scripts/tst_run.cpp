@@ -20,15 +20,9 @@ const char* const startedAtOnce = "started  with no folder of its own\n";
 /// same.
 QStringList onlyreadable(const QStringList& words)
 {
-    return QStringList{"unshare",
-                       "--mount",
-                       "--map-root-user",
-                       "bash",
-                       "-c",
-                       "mount --bind \"$PWD\" \"$PWD\" && mount --rbind /tmp /tmp && "
-                       "mount -o remount,bind,ro /tmp && cd \"$PWD\" && \"$@\"",
-                       "bash"} +
-           words;
+    const QString prepare = "mount --bind \"$PWD\" \"$PWD\" && mount --rbind /tmp /tmp && "
+                            "mount -o remount,bind,ro /tmp && cd \"$PWD\" && \"$@\"";
+    return QStringList{"unshare", "--mount", "--map-root-user", "bash", "-c", prepare, "bash"} + words;
 }
 
 bool isonesentence(const QByteArray& text)
