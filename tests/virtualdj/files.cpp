@@ -49,6 +49,14 @@ int numbered(const QString& name, const QString& kind)
 
 } // namespace
 
+QByteArray bytesof(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("There is no file %s", qPrintable(path));
+    return file.readAll();
+}
+
 PadsPageFile readpadspage(const QByteArray& bytes)
 {
     PadsPageFile page;
@@ -95,9 +103,6 @@ MappingFile readmapping(const QByteArray& bytes)
 
 Device readdevice(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no layout %s", qPrintable(path));
     Device device;
     device.name = QFileInfo(path).baseName();
     QMap<Control::Type, QList<Control>> controls;
@@ -124,7 +129,7 @@ Device readdevice(const QString& path)
         }
         controls[control.type].append(control);
     };
-    QXmlStreamReader xml(&file);
+    QXmlStreamReader xml(bytesof(path));
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;

@@ -8,6 +8,9 @@
 
 namespace VirtualDj {
 
+/// What the file \a path holds; ends the test program when it cannot be read.
+QByteArray bytesof(const QString& path);
+
 /// A pads page file. XML is read strictly: one that is not well-formed is a dead page.
 struct PadsPageFile
 {

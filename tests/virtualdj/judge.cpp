@@ -135,15 +135,22 @@ void Judge::comparesent(const QString& where)
 
 void Judge::file(const QByteArray& bytes, const Expectation& expectation)
 {
-    if (expectation.page)
-        page(bytes, *expectation.page);
-    if (expectation.mapping)
-        mapping(bytes, *expectation.mapping);
-    if (expectation.broken.isEmpty())
-        return;
     m_left = complaintsPerFile;
-    if (readpadspage(bytes).error.isEmpty() || readmapping(bytes).error.isEmpty())
-        complain(QStringLiteral("the file can be read, but should be broken: ") + expectation.broken);
+    const auto reads = [&expectation](const QByteArray& file) {
+        return (expectation.page ? readpadspage(file).error : readmapping(file).error).isEmpty();
+    };
+    QByteArray readable = bytes;
+    for (auto name = expectation.broken.cbegin(); name != expectation.broken.cend(); ++name) {
+        if (!readable.contains(name.key().toUtf8()))
+            complain(QStringLiteral("this name should stand in the file: ") + name.key());
+        readable.replace(name.key().toUtf8(), name->toUtf8());
+    }
+    if (!expectation.broken.isEmpty() && reads(bytes))
+        complain(QStringLiteral("the file can be read, but names should have broken it"));
+    if (expectation.page)
+        page(readable, *expectation.page);
+    if (expectation.mapping)
+        mapping(readable, *expectation.mapping);
 }
 
 void Judge::page(const QByteArray& bytes, const PageWork& work)

@@ -1,6 +1,5 @@
 #include "work.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -187,14 +186,6 @@ PageWork readpage(const QJsonObject& json)
     return page;
 }
 
-QByteArray bytesof(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no file %s", qPrintable(path));
-    return file.readAll();
-}
-
 MappingWork readmappingwork(const QJsonObject& json, const QString& layouts, const QString& folder)
 {
     MappingWork work;
@@ -238,12 +229,14 @@ Expectation readexpectation(const QByteArray& json, const QString& layouts, cons
     if (error.error != QJsonParseError::NoError)
         qFatal("An expectation cannot be read: %s", qPrintable(error.errorString()));
     Expectation expectation;
-    expectation.broken = object.value(QLatin1String("broken")).toString();
+    const QJsonObject broken = object.value(QLatin1String("broken")).toObject();
+    for (auto name = broken.begin(); name != broken.end(); ++name)
+        expectation.broken.insert(name.key(), name.value().toString());
     if (object.contains(QLatin1String("page")))
         expectation.page = readpage(object);
     if (object.contains(QLatin1String("device")))
         expectation.mapping = readmappingwork(object, layouts, folder);
-    if (expectation.broken.isEmpty() && !expectation.page && !expectation.mapping)
+    if (!expectation.page && !expectation.mapping)
         qFatal("An expectation says nothing");
     return expectation;
 }

@@ -107,10 +107,13 @@ FactoryActions factoryafter(const MappingWork& work, const MappingFile& written,
 /// them.
 QString taken(const QString& name, Deviations* deviations);
 
-/// What is written down about a file in JSON: what was dropped where, or that the file is broken and why.
+/// What is written down about a file in JSON: what was dropped where.
 struct Expectation
 {
-    QString broken;
+    /// The names that break the file, as they stand there, and what is put in their place for the judge to
+    /// read the rest. Names with one apostrophe or a back-quote, which garble the scripts behind them, are
+    /// among them.
+    QMap<QString, QString> broken;
     std::optional<PageWork> page;
     std::optional<MappingWork> mapping;
 };
