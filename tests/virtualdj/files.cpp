@@ -73,6 +73,8 @@ PadsPageFile readpadspage(const QByteArray& bytes)
             page.pads.insert(pad, {text(attributes, "name"), text(attributes, "color"), action});
         else if (parameter > 0)
             page.parameters.insert(parameter, {text(attributes, "name"), action});
+        else
+            page.strangers.append(element);
     };
     page.error = readdocument(
         bytes, QStringLiteral("page"),
@@ -92,6 +94,8 @@ MappingFile readmapping(const QByteArray& bytes)
             if (mapping.actions.value(control, action) != action)
                 mapping.contradictions.append(control);
             mapping.actions.insert(control, action);
+        } else {
+            mapping.strangers.append(xml->name().toString());
         }
         xml->skipCurrentElement();
     };

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -155,13 +156,25 @@ FactoryActions factoryafter(const MappingWork& work, const MappingFile& written,
     return factory;
 }
 
-QString taken(const QString& name, Deviations* deviations)
+Taken taken(const QString& name, Deviations* deviations)
 {
-    const int first = name.indexOf(QLatin1Char('\''));
-    if (first < 0)
-        return name;
+    const QStringList pieces = name.split(QLatin1Char('\''));
+    Taken taken{pieces.constFirst(), 0};
+    if (pieces.size() == 1)
+        return taken;
     ++(*deviations)[Deviation::CutName];
-    return name.left(first);
+    // Behind the first piece bare words and quotations take turns.
+    static const QRegularExpression blanks(QStringLiteral("\\s+"));
+    static const QRegularExpression signs(QStringLiteral("[?:&()\"]"));
+    bool garbles = pieces.size() % 2 == 0;
+    for (int piece = 1; piece < pieces.size(); ++piece) {
+        const bool bare = piece % 2 == 1;
+        garbles = garbles || (bare && pieces.at(piece).contains(signs));
+        taken.dropped += bare ? pieces.at(piece).split(blanks, Qt::SkipEmptyParts).size() : 1;
+    }
+    if (garbles)
+        qFatal("The name %s garbles scripts", qPrintable(name));
+    return taken;
 }
 
 namespace {

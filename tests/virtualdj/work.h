@@ -102,10 +102,16 @@ FactoryActions factoryof(const MappingFile& mapping, const Device& device, Devia
 /// What is left of \a work's factory actions to an export that builds on the file \a written for it.
 FactoryActions factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations);
 
-/// What VirtualDJ takes of \a name between apostrophes: names with two (or four, ...) of them end at the
-/// first. Other names with apostrophes have no expectation; the table of awkward names tells what becomes of
-/// them.
-QString taken(const QString& name, Deviations* deviations);
+/// What VirtualDJ takes of a name between apostrophes.
+struct Taken
+{
+    QString name;
+    int dropped = 0; ///< words behind it
+};
+
+/// Names with two (or four, ...) apostrophes end at the first. Other names with apostrophes garble the script
+/// behind them, as the table of awkward names tells; they have no expectation and end the test program.
+Taken taken(const QString& name, Deviations* deviations);
 
 /// What is written down about a file in JSON: what was dropped where.
 struct Expectation
