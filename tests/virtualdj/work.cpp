@@ -19,7 +19,7 @@ QString reason(Deviation deviation)
         return QStringLiteral(
             "a bank with a Live Button in the hidden column only is in the page, all empty");
     case Deviation::DarkSwitch:
-        return QStringLiteral("on full-RGB devices the switch has the colour of its empty cell, black");
+        return QStringLiteral("a pad as switch of a full-RGB device has the colour of its empty cell, black");
     case Deviation::NoSwitch:
         return QStringLiteral("without a switch nothing on the controller reaches the lights");
     case Deviation::SharedCell:
