@@ -5,6 +5,7 @@
 #include "user.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -69,6 +70,19 @@ public:
         const QString difference = firstDifference(contents(path), expected);
         if (!difference.isEmpty())
             giveup(QStringLiteral("%1 is not as expected: %2").arg(path, difference));
+    }
+
+    /// Has every pad and control of the file \a path pressed as VirtualDJ would; \a expectation tells what
+    /// was dropped where.
+    void expectonstage(const QString& path, const QString& expectation)
+    {
+        QProcess judge;
+        judge.start(QStringLiteral(LUMIPAD_JUDGE),
+                    {path, QStringLiteral(LUMIPAD_EXPECTED "/") + expectation});
+        if (!judge.waitForFinished() || judge.exitStatus() != QProcess::NormalExit || judge.exitCode() != 0)
+            giveup(QStringLiteral("%1 is wrong on stage: %2")
+                       .arg(path,
+                            QString::fromUtf8(judge.readAllStandardOutput() + judge.readAllStandardError())));
     }
 
     /// Exports the pads page \a name, which is filled in already, with a picture of the message, and compares

@@ -39,6 +39,7 @@ private slots:
             user.exportpads();
             const QByteArray page = Stories::golden("close.xml").replace("Still here", name.toUtf8());
             user.expectfile(user.home().page(name), page);
+            user.expectonstage(user.home().page(name), "any-characters.json");
             user.closeandconfirm();
         });
     }

@@ -49,6 +49,14 @@ int numbered(const QString& name, const QString& kind)
 
 } // namespace
 
+QByteArray bytesof(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("There is no file %s", qPrintable(path));
+    return file.readAll();
+}
+
 PadsPageFile readpadspage(const QByteArray& bytes)
 {
     PadsPageFile page;
@@ -65,6 +73,8 @@ PadsPageFile readpadspage(const QByteArray& bytes)
             page.pads.insert(pad, {text(attributes, "name"), text(attributes, "color"), action});
         else if (parameter > 0)
             page.parameters.insert(parameter, {text(attributes, "name"), action});
+        else
+            page.strangers.append(element);
     };
     page.error = readdocument(
         bytes, QStringLiteral("page"),
@@ -84,6 +94,8 @@ MappingFile readmapping(const QByteArray& bytes)
             if (mapping.actions.value(control, action) != action)
                 mapping.contradictions.append(control);
             mapping.actions.insert(control, action);
+        } else {
+            mapping.strangers.append(xml->name().toString());
         }
         xml->skipCurrentElement();
     };
@@ -95,9 +107,6 @@ MappingFile readmapping(const QByteArray& bytes)
 
 Device readdevice(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no layout %s", qPrintable(path));
     Device device;
     device.name = QFileInfo(path).baseName();
     QMap<Control::Type, QList<Control>> controls;
@@ -124,7 +133,7 @@ Device readdevice(const QString& path)
         }
         controls[control.type].append(control);
     };
-    QXmlStreamReader xml(&file);
+    QXmlStreamReader xml(bytesof(path));
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;

@@ -8,6 +8,9 @@
 
 namespace VirtualDj {
 
+/// What the file \a path holds; ends the test program when it cannot be read.
+QByteArray bytesof(const QString& path);
+
 /// A pads page file. XML is read strictly: one that is not well-formed is a dead page.
 struct PadsPageFile
 {
@@ -27,6 +30,7 @@ struct PadsPageFile
     QString name;
     QMap<int, Pad> pads; ///< by number, from 1
     QMap<int, Parameter> parameters;
+    QStringList strangers; ///< elements that are neither
 };
 
 PadsPageFile readpadspage(const QByteArray& bytes);
@@ -39,6 +43,7 @@ struct MappingFile
     /// Script by control. Of several entries for one control the last counts (our assumption).
     QMap<QString, QString> actions;
     QStringList contradictions; ///< controls with entries that differ
+    QStringList strangers;      ///< elements that are no such entry
 };
 
 MappingFile readmapping(const QByteArray& bytes);

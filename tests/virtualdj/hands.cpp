@@ -16,6 +16,8 @@ using VirtualDj::Place;
 
 namespace {
 
+/// A bank has two columns.
+constexpr int padRows = VirtualDj::padsPerBank / 2;
 const QString checkMark = QString::fromUtf8("\u2714");
 
 /// The entry \a text of \a menu, whether it is the chosen one (with a check mark) or not (with a blank).
@@ -99,7 +101,7 @@ void Hands::cleanpads()
 
 QModelIndex Hands::padindex(int bank, int pad) const
 {
-    return m_pads->model()->index(bank * 8 + pad % 8, pad / 8);
+    return m_pads->model()->index(bank * padRows + pad % padRows, pad / padRows);
 }
 
 QModelIndex Hands::cellindex(const Place& place) const
@@ -138,7 +140,8 @@ void Hands::editpad(int bank, int pad, const QString& text)
     const QModelIndex index = padindex(bank, pad);
     m_pads->model()->setData(index, text, Qt::EditRole);
     // The number of an emptied text counts through all banks.
-    padat(bank, pad)->text = text.isEmpty() ? QStringLiteral("PAD %1").arg(bank * 8 + pad % 8 + 1) : text;
+    padat(bank, pad)->text =
+        text.isEmpty() ? QStringLiteral("PAD %1").arg(bank * padRows + pad % padRows + 1) : text;
 }
 
 void Hands::removepad(int bank, int pad)

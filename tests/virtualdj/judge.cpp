@@ -135,15 +135,22 @@ void Judge::comparesent(const QString& where)
 
 void Judge::file(const QByteArray& bytes, const Expectation& expectation)
 {
-    if (expectation.page)
-        page(bytes, *expectation.page);
-    if (expectation.mapping)
-        mapping(bytes, *expectation.mapping);
-    if (expectation.broken.isEmpty())
-        return;
     m_left = complaintsPerFile;
-    if (readpadspage(bytes).error.isEmpty() || readmapping(bytes).error.isEmpty())
-        complain(QStringLiteral("the file can be read, but should be broken: ") + expectation.broken);
+    const auto reads = [&expectation](const QByteArray& file) {
+        return (expectation.page ? readpadspage(file).error : readmapping(file).error).isEmpty();
+    };
+    QByteArray readable = bytes;
+    for (auto name = expectation.broken.cbegin(); name != expectation.broken.cend(); ++name) {
+        if (!readable.contains(name.key().toUtf8()))
+            complain(QStringLiteral("this name should stand in the file: ") + name.key());
+        readable.replace(name.key().toUtf8(), name->toUtf8());
+    }
+    if (!expectation.broken.isEmpty() && reads(bytes))
+        complain(QStringLiteral("the file can be read, but names should have broken it"));
+    if (expectation.page)
+        page(readable, *expectation.page);
+    if (expectation.mapping)
+        mapping(readable, *expectation.mapping);
 }
 
 void Judge::page(const QByteArray& bytes, const PageWork& work)
@@ -171,6 +178,8 @@ void Judge::pagein(const PadsPageFile& file, const PageWork& work)
         padnumbers.append(pad.key());
     if (padnumbers != numbers || file.parameters.size() != 1 || !file.parameters.contains(1))
         complain(QStringLiteral("the page has other pads or parameters"));
+    for (const QString& stranger : file.strangers)
+        complain(stranger + QStringLiteral(" is neither pad nor parameter"));
     for (auto pad = file.pads.cbegin(); pad != file.pads.cend(); ++pad) {
         for (const QString& text : {pad->name, pad->color, pad->action})
             script(QStringLiteral("pad %1").arg(pad.key()), text);
@@ -182,9 +191,20 @@ void Judge::pagein(const PadsPageFile& file, const PageWork& work)
     }
 }
 
+namespace {
+
+/// What a press of the Live Button \a name does.
+Effect pressof(const QString& name, Deviations* deviations)
+{
+    const Taken button = taken(name, deviations);
+    return {Effect::Kind::Os2lButton, button.name, button.dropped};
+}
+
+} // namespace
+
 /// Judges all that is shown and done in the bank with \a index among the used ones; one that is no index
 /// shows and does nothing.
-void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, World* world)
+void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Desk* desk)
 {
     const QList<int> used = work.usedbanks();
     const bool real = index >= 0 && index < used.size();
@@ -192,8 +212,9 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Wo
     const QString where = real ? QStringLiteral("bank %1").arg(bank + 1) : QStringLiteral("no bank");
 
     ++questions;
-    const QString name = real ? taken(work.bankNames.at(bank), &deviations) : QString();
-    const QString shows = shownname(file.parameters.value(1).name, world);
+    const QString name = real ? taken(work.bankNames.at(bank), &deviations).name : QString();
+    Effects aside;
+    const QString shows = shownname(file.parameters.value(1).name, desk, &aside);
     if (shows != name)
         complain(where + QStringLiteral(": the parameter shows \"") + shows + QLatin1Char('"'));
 
@@ -203,12 +224,12 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Wo
                                  ? work.banks.at(bank).at(static_cast<std::size_t>(pad.key() - 1))
                                  : std::nullopt;
         questions += 2;
-        const QString text = content ? taken(content->text, &deviations) : QString();
-        const QString label = shownname(pad->name, world);
+        const QString text = content ? taken(content->text, &deviations).name : QString();
+        const QString label = shownname(pad->name, desk, &aside);
         if (label != text)
             complain(padwhere + QStringLiteral(": shows \"") + label + QStringLiteral("\" instead of \"") +
                      text + QLatin1Char('"'));
-        const Value color = ask(script(padwhere, pad->color).chain, world);
+        const Value color = ask(script(padwhere, pad->color).chain, desk, &aside);
         const QColor paint = content ? QColor(content->color) : QColor(0, 0, 0, 0);
         const bool painted = color.kind == Value::Kind::Color;
         // Where no bank is on, no colour is told either.
@@ -216,8 +237,14 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, Wo
             complain(padwhere + QStringLiteral(": the colour is ") + color.color.name(QColor::HexArgb));
         Effects should;
         if (content)
-            should.append({Effect::Kind::Os2lButton, taken(content->button, &deviations), 0});
-        press(padwhere, perform(script(padwhere, pad->action).chain, world), should);
+            should.append(pressof(content->button, &deviations));
+        press(padwhere, perform(script(padwhere, pad->action).chain, desk), should);
+    }
+    if (!aside.isEmpty())
+        complain(where + QStringLiteral(": texts and colours do ") + describe(aside));
+    for (const QString& what : qAsConst(desk->asked)) {
+        if (what != bankVariable)
+            complain(where + QStringLiteral(": asks for ") + what);
     }
 }
 
@@ -267,6 +294,8 @@ void Judge::mapping(const QByteArray& bytes, const MappingWork& work)
         complain(QStringLiteral("the mapping is for the device ") + file.device);
     for (const QString& name : file.contradictions)
         complain(name + QStringLiteral(" is there twice"));
+    for (const QString& stranger : file.strangers)
+        complain(stranger + QStringLiteral(" is no control"));
     QSet<QString> names;
     for (const Control& one : work.device.controls) {
         names.insert(one.name);
@@ -308,7 +337,7 @@ Effects shoulddo(const MappingWork& work, const Control& control, const Chain& f
     if (control.type == Control::Type::Slider)
         return {{Effect::Kind::Os2lCommand, QString::number(control.column + 1), 0}};
     if (cells && cell.button)
-        return {{Effect::Kind::Os2lButton, taken(*cell.button, deviations), 0}};
+        return {pressof(*cell.button, deviations)};
     return {};
 }
 
@@ -359,9 +388,10 @@ Light buttonlight(const MappingWork& work, const Control& control, bool on)
     return lightnamed(on ? work.defaultOn : work.defaultOff);
 }
 
-/// What the light of \a control should show while the variable of the switch is \a os2l.
+/// What the light of \a control should show while the variable of the switch is \a os2l. What a factory light
+/// does besides goes to \a does.
 Light shouldshow(const MappingWork& work, const Control& control, const Chain& factory, int os2l,
-                 World* world, Deviations* deviations)
+                 World* world, Effects* does, Deviations* deviations)
 {
     const MappingWork::Cell cell = work.cellof(control);
     if (work.combined && work.isswitch(control))
@@ -369,11 +399,12 @@ Light shouldshow(const MappingWork& work, const Control& control, const Chain& f
     if (work.combined && os2l == 0) {
         // A control without action and Live Button is written without its light.
         const bool kept = cell.button || !work.factory.value(control.name).isEmpty();
-        return kept ? lightof(ask(factory, world)) : Light();
+        return kept ? lightof(ask(factory, world, does)) : Light();
     }
     if (!cell.button)
         return Light();
-    bool on = world->buttonactive(taken(*cell.button, deviations));
+    const Taken button = taken(*cell.button, deviations);
+    bool on = world->buttonactive(button.name, button.dropped);
     if (on && cell.blink && control.type == Control::Type::Pad)
         on = world->blinkphase(QString());
     return buttonlight(work, control, on);
@@ -416,8 +447,14 @@ void Judge::light(const MappingFile& file, const MappingWork& work, const Contro
     int left = maxStates;
     do {
         ++questions;
-        const Light should = shouldshow(work, one, factory, os2l, &states, &deviations);
-        const Light light = lightof(ask(shows, &states));
+        Effects shoulddo;
+        Effects does;
+        states.restart();
+        const Light should = shouldshow(work, one, factory, os2l, &states, &shoulddo, &deviations);
+        states.restart();
+        const Light light = lightof(ask(shows, &states, &does));
+        if (does != shoulddo)
+            complain(one.led + QStringLiteral(": does ") + describe(does));
         if (light != should)
             complain(one.led + QStringLiteral(" with ") + states.describe() + QStringLiteral(": shows ") +
                      describe(light) + QStringLiteral(" instead of ") + describe(should));

@@ -11,7 +11,9 @@
 
 namespace VirtualDj {
 
-/// Presses every pad and control of a file in every bank and state, asks every light, sends what comes of it
+class Desk;
+
+/// Presses every pad of a file in every bank and every control in every state, asks every light, sends what comes of it
 /// to a lighting program over OS2L, and compares all that with what the user had done.
 class Judge
 {
@@ -39,7 +41,7 @@ private:
     void comparesent(const QString& where);
     const Script& script(const QString& where, const QString& text);
     void pagein(const PadsPageFile& file, const PageWork& work);
-    void bankof(const PadsPageFile& file, const PageWork& work, int index, World* world);
+    void bankof(const PadsPageFile& file, const PageWork& work, int index, Desk* desk);
     void turns(const PadsPageFile& file, const PageWork& work);
     void control(const MappingFile& file, const MappingWork& work, const Control& control, int os2l);
     void light(const MappingFile& file, const MappingWork& work, const Control& control, int os2l);
@@ -59,15 +61,26 @@ class Desk : public World
 public:
     int deck = 1;
     int turned = 0;
+    QSet<QString> asked; ///< all that scripts have asked for
 
-    int variable(const QString& name) override { return m_variables.value(scoped(name)); }
+    int variable(const QString& name) override
+    {
+        asked.insert(name);
+        return m_variables.value(scoped(name));
+    }
     void setvariable(const QString& name, int value) override { m_variables.insert(scoped(name), value); }
-    bool factorytruth(const QString&) override { return false; }
-    bool blinkphase(const QString&) override { return false; }
-    bool buttonactive(const QString&) override { return false; }
+    bool factorytruth(const QString& text) override { return no(text); }
+    bool blinkphase(const QString& pace) override { return no(QStringLiteral("blink ") + pace); }
+    bool buttonactive(const QString& name, int) override { return no(QStringLiteral("button ") + name); }
     int turn() const override { return turned; }
 
 private:
+    bool no(const QString& what)
+    {
+        asked.insert(what);
+        return false;
+    }
+
     QString scoped(const QString& name) const
     {
         return name.startsWith(QLatin1Char('$')) ? name : QString::number(deck) + QLatin1Char(' ') + name;
@@ -102,9 +115,10 @@ public:
     {
         return choose(QStringLiteral("blink ") + pace, {0, 1}) != 0;
     }
-    bool buttonactive(const QString& name) override
+    bool buttonactive(const QString& name, int dropped) override
     {
-        return choose(QStringLiteral("button ") + name, {0, 1}) != 0;
+        const QString words = dropped > 0 ? QStringLiteral(" (dropped words: %1)").arg(dropped) : QString();
+        return choose(QStringLiteral("button ") + name + words, {0, 1}) != 0;
     }
 
 private:

@@ -4,21 +4,8 @@
 #include "judge.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
-
-namespace {
-
-QByteArray bytesof(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no file %s", qPrintable(path));
-    return file.readAll();
-}
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -27,8 +14,8 @@ int main(int argc, char* argv[])
     if (arguments.size() != 3)
         qFatal("It is called with a file and the expectation of it.");
     VirtualDj::Judge judge;
-    judge.file(bytesof(arguments.at(1)),
-               VirtualDj::readexpectation(bytesof(arguments.at(2)), QStringLiteral(LAYOUTS_DIR),
+    judge.file(VirtualDj::bytesof(arguments.at(1)),
+               VirtualDj::readexpectation(VirtualDj::bytesof(arguments.at(2)), QStringLiteral(LAYOUTS_DIR),
                                           QFileInfo(arguments.at(2)).absolutePath()));
     QTextStream out(stdout);
     for (const QString& complaint : qAsConst(judge.complaints))

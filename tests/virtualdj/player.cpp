@@ -75,7 +75,7 @@ Value askverb(const Step& step, World* world)
         return number(world->variable(step.arguments.value(0)));
     case Verb::Os2lButton:
         // Needs the lighting program to tell (our assumption).
-        return truth(world->buttonactive(step.arguments.value(0)));
+        return truth(world->buttonactive(step.arguments.value(0), step.arguments.size() - 1));
     case Verb::Set:
     case Verb::Cycle:
     case Verb::Os2lCommand:
@@ -85,20 +85,20 @@ Value askverb(const Step& step, World* world)
     return Value();
 }
 
-Value asksingle(const Step& step, World* world)
+Value asksingle(const Step& step, World* world, Effects* does)
 {
-    return step.bracketed ? ask(step.brackets, world) : askverb(step, world);
+    return step.bracketed ? ask(step.brackets, world, does) : askverb(step, world);
 }
 
 /// The value of a step without what follows its "?".
-Value askstep(const Step& step, World* world)
+Value askstep(const Step& step, World* world, Effects* does)
 {
-    Value value = asksingle(step, world);
+    Value value = asksingle(step, world, does);
     if (step.both.empty())
         return value;
     bool all = istrue(value);
     for (const Step& other : step.both)
-        all = all && istrue(asksingle(other, world));
+        all = all && istrue(asksingle(other, world, does));
     return truth(all);
 }
 
@@ -121,6 +121,7 @@ void performverb(const Step& step, World* world, Effects* effects)
 {
     // Words after a verb's arguments are dropped (measured by others).
     const QString name = step.arguments.value(0);
+    const int dropped = step.arguments.size() - 1;
     const int argument = step.arguments.value(1).toInt();
     switch (step.verb) {
     case Verb::Set:
@@ -133,10 +134,10 @@ void performverb(const Step& step, World* world, Effects* effects)
         setvariable(name, cycled(world->variable(name), argument), world, effects);
         break;
     case Verb::Os2lButton:
-        effects->append({Effect::Kind::Os2lButton, name, 0});
+        effects->append({Effect::Kind::Os2lButton, name, dropped});
         break;
     case Verb::Os2lCommand:
-        effects->append({Effect::Kind::Os2lCommand, name, 0});
+        effects->append({Effect::Kind::Os2lCommand, name, dropped});
         break;
     case Verb::Factory:
         effects->append({Effect::Kind::Factory, step.text, 0});
@@ -164,17 +165,21 @@ void performsingle(const Step& step, World* world, Effects* effects)
         performverb(step, world, effects);
 }
 
+void performstep(const Step& step, World* world, Effects* effects)
+{
+    if (step.asks) {
+        performchain(istrue(askstep(step, world, effects)) ? step.yes : step.no, world, effects);
+        return;
+    }
+    performsingle(step, world, effects);
+    for (const Step& other : step.both)
+        performsingle(other, world, effects);
+}
+
 void performchain(const Chain& chain, World* world, Effects* effects)
 {
-    for (const Step& step : chain.steps) {
-        if (step.asks) {
-            performchain(istrue(askstep(step, world)) ? step.yes : step.no, world, effects);
-            continue;
-        }
-        performsingle(step, world, effects);
-        for (const Step& other : step.both)
-            performsingle(other, world, effects);
-    }
+    for (const Step& step : chain.steps)
+        performstep(step, world, effects);
 }
 
 QString shown(const Value& value)
@@ -203,16 +208,23 @@ Effects perform(const Chain& chain, World* world)
     return effects;
 }
 
-Value ask(const Chain& chain, World* world)
+Value ask(const Chain& chain, World* world, Effects* does)
 {
-    if (chain.steps.empty())
-        return Value();
+    Effects unasked;
+    Effects* effects = does ? does : &unasked;
+    Value value;
     // A chain that ends in a question has that question's value (our assumption), any other one that of its
-    // first step (measured by others).
-    const Step& last = chain.steps.back();
-    if (last.asks)
-        return ask(istrue(askstep(last, world)) ? last.yes : last.no, world);
-    return askstep(chain.steps.front(), world);
+    // first step (measured by others). The other steps are done: those before a question as others have
+    // measured, the rest by our assumption.
+    for (const Step& step : chain.steps) {
+        if (step.asks)
+            return ask(istrue(askstep(step, world, effects)) ? step.yes : step.no, world, effects);
+        if (&step == &chain.steps.front() && !chain.steps.back().asks)
+            value = askstep(step, world, effects);
+        else
+            performstep(step, world, effects);
+    }
+    return value;
 }
 
 bool istrue(const Value& value)
@@ -232,13 +244,13 @@ bool istrue(const Value& value)
     return false;
 }
 
-QString shownname(const QString& name, World* world)
+QString shownname(const QString& name, World* world, Effects* does)
 {
     const QStringList pieces = name.split(QLatin1Char('`'));
     QString text;
     for (int piece = 0; piece < pieces.size(); ++piece) {
         const bool script = piece % 2 == 1;
-        text += script ? shown(ask(parse(pieces.at(piece)).chain, world)) : pieces.at(piece);
+        text += script ? shown(ask(parse(pieces.at(piece)).chain, world, does)) : pieces.at(piece);
     }
     return text;
 }
@@ -254,14 +266,17 @@ Light lightof(const Value& value)
 
 QString describe(const Effects& effects)
 {
+    const auto words = [](int dropped) {
+        return dropped > 0 ? QStringLiteral(" (dropped words: %1)").arg(dropped) : QString();
+    };
     QStringList all;
     for (const Effect& effect : effects) {
         switch (effect.kind) {
         case Effect::Kind::Os2lButton:
-            all.append(QStringLiteral("Live Button \"%1\"").arg(effect.name));
+            all.append(QStringLiteral("Live Button \"%1\"").arg(effect.name) + words(effect.value));
             break;
         case Effect::Kind::Os2lCommand:
-            all.append(QStringLiteral("OS2L command %1").arg(effect.name));
+            all.append(QStringLiteral("OS2L command %1").arg(effect.name) + words(effect.value));
             break;
         case Effect::Kind::Variable:
             all.append(QStringLiteral("%1 becomes %2").arg(effect.name, QString::number(effect.value)));

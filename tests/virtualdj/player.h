@@ -22,8 +22,9 @@ public:
     virtual bool factorytruth(const QString& text) = 0;
     /// Whether a light that blinks at \a pace (such as "500ms"; empty: VirtualDJ's own) is on at this moment.
     virtual bool blinkphase(const QString& pace) = 0;
-    /// Whether the lighting program has told that its button \a name is on.
-    virtual bool buttonactive(const QString& name) = 0;
+    /// Whether the lighting program has told that its button \a name is on. The script has \a dropped words
+    /// behind the name.
+    virtual bool buttonactive(const QString& name, int dropped) = 0;
     /// The direction in which a parameter is turned just now: 1 up, -1 down; 0 when none is.
     virtual int turn() const { return 0; }
 };
@@ -35,7 +36,7 @@ struct Effect
 
     Kind kind = Kind::Factory;
     QString name;  ///< of the button, the command or the variable; the text of a factory action
-    int value = 0; ///< of the variable
+    int value = 0; ///< of the variable; behind a button or command the number of words that are dropped
 
     bool operator==(const Effect& other) const
     {
@@ -61,16 +62,16 @@ struct Value
 Effects perform(const Chain& chain, World* world);
 
 /// Asks \a chain for its value. A missing or empty branch shows nothing (measured by others; that an empty
-/// one stays dark is our assumption).
-Value ask(const Chain& chain, World* world);
+/// one stays dark is our assumption). What is done on the way goes to \a does.
+Value ask(const Chain& chain, World* world, Effects* does = nullptr);
 
 /// Whether \a value counts as true.
 bool istrue(const Value& value);
 
 /// The text that VirtualDJ shows for the name \a name of a pad or parameter of a pads page: what stands
 /// between back-quotes is a script whose value is shown, the rest is shown as it is (measured by others). An
-/// unclosed back-quote runs to the end (our assumption).
-QString shownname(const QString& name, World* world);
+/// unclosed back-quote runs to the end (our assumption). What is done on the way goes to \a does.
+QString shownname(const QString& name, World* world, Effects* does = nullptr);
 
 /// What a light shows.
 struct Light

@@ -174,6 +174,8 @@ private slots:
     void textsOfTheirOwnSaveAPage();
     void bankAndPageNamesBreakAPage_data();
     void bankAndPageNamesBreakAPage();
+    void bankNamesAndTextsAreCut_data();
+    void bankNamesAndTextsAreCut();
     void ownMappingsBreakTheExport_data();
     void ownMappingsBreakTheExport();
     void cleanupTestCase();
@@ -425,6 +427,51 @@ void NamesTest::bankAndPageNamesBreakAPage()
     hands.namepage("Page");
     hands.namebank(0, name);
     QCOMPARE(!VirtualDj::readpadspage(hands.exportpage()).error.isEmpty(), breaks);
+}
+
+void NamesTest::bankNamesAndTextsAreCut_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("shows");
+    QTest::addColumn<QString>("later"); // what the next bank shows, whose own name is "Second"
+    const QString script = "b' : var 'dmxbank' 1 ? get_text 'Second'";
+    QTest::newRow("one apostrophe") << "Fir'st"
+                                    << "Fir"
+                                    << "";
+    QTest::newRow("two apostrophes") << "Rock 'n' Roll"
+                                     << "Rock "
+                                     << "Second";
+    QTest::newRow("back-quote") << "a`b"
+                                << "a" + script << script;
+    QTest::newRow("curly apostrophe") << "Fir’st"
+                                      << "Fir’st"
+                                      << "Second";
+}
+
+/// The name of a bank and the text of a pad stand in scripts of the same kind.
+void NamesTest::bankNamesAndTextsAreCut()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, shows);
+    QFETCH(QString, later);
+    const TestHome home;
+    home.makepadsfolder();
+    Hands hands(home, {{plain, "#ff0000"}});
+    const QStringList names{name, "Second"};
+    for (int bank = 0; bank < names.size(); ++bank) {
+        hands.droponpad(0, bank, 0);
+        hands.editpad(bank, 0, names.at(bank));
+        hands.namebank(bank, names.at(bank));
+    }
+    const VirtualDj::PadsPageFile file = VirtualDj::readpadspage(hands.exportpage());
+    QCOMPARE(file.error, QString());
+    VirtualDj::Desk desk;
+    for (const QString& expected : {shows, later}) {
+        QCOMPARE(VirtualDj::shownname(file.parameters.value(1).name, &desk), expected);
+        QCOMPARE(VirtualDj::shownname(file.pads.value(1).name, &desk), expected);
+        QCOMPARE(press(file.pads.value(1).action, &desk), quoted(plain));
+        desk.setvariable(QStringLiteral("dmxbank"), 1);
+    }
 }
 
 void NamesTest::ownMappingsBreakTheExport_data()

@@ -16,7 +16,7 @@ public:
 
     bool factorytruth(const QString& text) override { return facts.contains(text); }
     bool blinkphase(const QString&) override { return lit; }
-    bool buttonactive(const QString& name) override { return active.contains(name); }
+    bool buttonactive(const QString& name, int) override { return active.contains(name); }
 };
 
 /// What a button with the script \a text does, in words.
@@ -37,6 +37,7 @@ private slots:
     void does();
     void shows_data();
     void shows();
+    void doesWhatStandsBesideAQuestion();
     void cyclesBothWays();
     void keepsPlainVariablesToADeck();
     void tellsTheDirectionOfATurn();
@@ -112,9 +113,9 @@ void ScriptTest::does_data()
     row("os2l_button ' Fog '", "Live Button \" Fog \"");
     row("os2l_button 'say \"Hi\"'", "Live Button \"say \"Hi\"\"");
     row("os2l_button \"it's\"", "Live Button \"it's\"");
-    row("os2l_button 'Rock 'n' Roll'", "Live Button \"Rock \"");
-    row("os2l_button 'Don't' : a", "Live Button \"Don\"");
-    row("os2l_button 'back\\'slash'", "Live Button \"back\\\"");
+    row("os2l_button 'Rock 'n' Roll'", "Live Button \"Rock \" (dropped words: 2)");
+    row("os2l_button 'Don't' : a", "Live Button \"Don\" (dropped words: 2)");
+    row("os2l_button 'back\\'slash'", "Live Button \"back\\\" (dropped words: 2)");
     row("os2l_button 'open", "Live Button \"open\"");
     row("os2l_button ''", "Live Button \"\"");
     row("os2l_cmd 3", "OS2L command 3");
@@ -176,6 +177,23 @@ void ScriptTest::shows()
     desk.facts = QStringList{"yes"};
     desk.setvariable("set", 2);
     QCOMPARE(lit(script, &desk), light);
+}
+
+void ScriptTest::doesWhatStandsBesideAQuestion()
+{
+    TestDesk desk;
+    const auto done = [&desk](const char* script) {
+        Effects does;
+        ask(parse(script).chain, &desk, &does);
+        return describe(does);
+    };
+    QCOMPARE(done("volume & yes ? color 'red' : color 'blue'"), QString("[volume]"));
+    QCOMPARE(done("yes ? play : no ? stop : (set 'x' 1 & on)"), QString("nothing"));
+    QCOMPARE(done("yes ? play : no ? stop : (on & set 'x' 1)"), QString("x becomes 1"));
+    QCOMPARE(done("(volume & yes ? on : off) && no ? on : off"), QString("[volume]"));
+    Effects does;
+    shownname("a `volume & yes ? get_text 'b'`", &desk, &does);
+    QCOMPARE(describe(does), QString("[volume]"));
 }
 
 void ScriptTest::cyclesBothWays()

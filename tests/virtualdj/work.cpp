@@ -1,9 +1,9 @@
 #include "work.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ QString reason(Deviation deviation)
         return QStringLiteral(
             "a bank with a Live Button in the hidden column only is in the page, all empty");
     case Deviation::DarkSwitch:
-        return QStringLiteral("on full-RGB devices the switch has the colour of its empty cell, black");
+        return QStringLiteral("a pad as switch of a full-RGB device has the colour of its empty cell, black");
     case Deviation::NoSwitch:
         return QStringLiteral("without a switch nothing on the controller reaches the lights");
     case Deviation::SharedCell:
@@ -156,13 +156,25 @@ FactoryActions factoryafter(const MappingWork& work, const MappingFile& written,
     return factory;
 }
 
-QString taken(const QString& name, Deviations* deviations)
+Taken taken(const QString& name, Deviations* deviations)
 {
-    const int first = name.indexOf(QLatin1Char('\''));
-    if (first < 0)
-        return name;
+    const QStringList pieces = name.split(QLatin1Char('\''));
+    Taken taken{pieces.constFirst(), 0};
+    if (pieces.size() == 1)
+        return taken;
     ++(*deviations)[Deviation::CutName];
-    return name.left(first);
+    // Behind the first piece bare words and quotations take turns.
+    static const QRegularExpression blanks(QStringLiteral("\\s+"));
+    static const QRegularExpression signs(QStringLiteral("[?:&()\"]"));
+    bool garbles = pieces.size() % 2 == 0;
+    for (int piece = 1; piece < pieces.size(); ++piece) {
+        const bool bare = piece % 2 == 1;
+        garbles = garbles || (bare && pieces.at(piece).contains(signs));
+        taken.dropped += bare ? pieces.at(piece).split(blanks, Qt::SkipEmptyParts).size() : 1;
+    }
+    if (garbles)
+        qFatal("The name %s garbles scripts", qPrintable(name));
+    return taken;
 }
 
 namespace {
@@ -185,14 +197,6 @@ PageWork readpage(const QJsonObject& json)
         }
     }
     return page;
-}
-
-QByteArray bytesof(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no file %s", qPrintable(path));
-    return file.readAll();
 }
 
 MappingWork readmappingwork(const QJsonObject& json, const QString& layouts, const QString& folder)
@@ -238,12 +242,14 @@ Expectation readexpectation(const QByteArray& json, const QString& layouts, cons
     if (error.error != QJsonParseError::NoError)
         qFatal("An expectation cannot be read: %s", qPrintable(error.errorString()));
     Expectation expectation;
-    expectation.broken = object.value(QLatin1String("broken")).toString();
+    const QJsonObject broken = object.value(QLatin1String("broken")).toObject();
+    for (auto name = broken.begin(); name != broken.end(); ++name)
+        expectation.broken.insert(name.key(), name.value().toString());
     if (object.contains(QLatin1String("page")))
         expectation.page = readpage(object);
     if (object.contains(QLatin1String("device")))
         expectation.mapping = readmappingwork(object, layouts, folder);
-    if (expectation.broken.isEmpty() && !expectation.page && !expectation.mapping)
+    if (!expectation.page && !expectation.mapping)
         qFatal("An expectation says nothing");
     return expectation;
 }

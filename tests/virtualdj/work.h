@@ -16,7 +16,9 @@
 namespace VirtualDj {
 
 /// Everything in which a right file differs from what a user might expect, settled so and each with its
-/// reason. The judge knows them by name and counts where they apply; nothing else is tolerated.
+/// reason. The judge expects each where it applies, and counts how often; nothing else is tolerated. DarkSwitch,
+/// NoSwitch, SharedCell, UnwrittenCell and SideButtonColours need no rule of their own: a control is expected to do
+/// what is in its cell, and these five are where that may surprise.
 enum class Deviation {
     CutName,
     HiddenBank,
@@ -102,15 +104,24 @@ FactoryActions factoryof(const MappingFile& mapping, const Device& device, Devia
 /// What is left of \a work's factory actions to an export that builds on the file \a written for it.
 FactoryActions factoryafter(const MappingWork& work, const MappingFile& written, Deviations* deviations);
 
-/// What VirtualDJ takes of \a name between apostrophes: names with two (or four, ...) of them end at the
-/// first. Other names with apostrophes have no expectation; the table of awkward names tells what becomes of
-/// them.
-QString taken(const QString& name, Deviations* deviations);
+/// What VirtualDJ takes of a name between apostrophes.
+struct Taken
+{
+    QString name;
+    int dropped = 0; ///< words behind it
+};
 
-/// What is written down about a file in JSON: what was dropped where, or that the file is broken and why.
+/// Names with two (or four, ...) apostrophes end at the first. Other names with apostrophes garble the script
+/// behind them, as the table of awkward names tells; they have no expectation and end the test program.
+Taken taken(const QString& name, Deviations* deviations);
+
+/// What is written down about a file in JSON: what was dropped where.
 struct Expectation
 {
-    QString broken;
+    /// The names that break the file, as they stand there, and what is put in their place for the judge to
+    /// read the rest. Names with one apostrophe or a back-quote, which garble the scripts behind them, are
+    /// among them.
+    QMap<QString, QString> broken;
     std::optional<PageWork> page;
     std::optional<MappingWork> mapping;
 };
