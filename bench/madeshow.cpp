@@ -1,5 +1,9 @@
 #include "madeshow.h"
 
+#include "measure.h"
+
+#include <QFile>
+
 #include <array>
 #include <cstddef>
 
@@ -43,4 +47,12 @@ QByteArray madeshow(int buttons)
         for (int button = 1; button <= perpage; ++button)
             text += buttontext(page, button);
     return text;
+}
+
+void storeshow(const QString& path, int buttons)
+{
+    QFile file(path);
+    const QByteArray text = madeshow(buttons);
+    require(file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush(),
+            QStringLiteral("%1 cannot be written").arg(path));
 }

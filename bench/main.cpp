@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace {
@@ -46,12 +47,19 @@ int main(int argc, char* argv[])
         require(folder.isValid(), QStringLiteral("no temporary folder can be created"));
         usehomein(folder);
 
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (argc == 5 && qstrcmp(argv[1], "--count") == 0) {
+            const QApplication app(argc, argv);
+            countlisting(QString::fromLocal8Bit(argv[2]), QString::fromLatin1(argv[3]), atoi(argv[4]));
+            return 0;
+        }
         Table::head();
         benchstarting();
         benchworst();
         qputenv("QT_QPA_PLATFORM", "offscreen");
         const QApplication app(argc, argv);
         benchlisting(newfolder(folder, QStringLiteral("shows")));
+        benchacting(newfolder(folder, QStringLiteral("acts")));
         benchexporting(newfolder(folder, QStringLiteral("pads")));
         benchmapping(newfolder(folder, QStringLiteral("mappings")));
         return 0;

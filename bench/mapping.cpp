@@ -27,7 +27,7 @@ static void initresources() { Q_INIT_RESOURCE(lumipad); }
 namespace {
 
 constexpr int rounds = 31;
-constexpr double parsingAim = 2;
+constexpr double parsingAim = 1.3;
 constexpr double growthAim = 12;
 
 QString builtin() { return QStringLiteral(":/mappings/Mappings"); }

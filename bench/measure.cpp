@@ -1,5 +1,7 @@
 #include "measure.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstddef>
 #include <ctime>
@@ -22,6 +24,8 @@ Cost cputime(const std::function<void()>& work)
     work();
     return {static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0};
 }
+
+void settle() { QCoreApplication::processEvents(QEventLoop::AllEvents, 60000); }
 
 void measure(const std::vector<Work*>& works, int rounds)
 {
@@ -46,6 +50,16 @@ double ratio(const Work& work, const Work& floor, double Cost::*what)
     for (std::size_t round = 0; round < work.costs.size(); ++round)
         ratios.push_back(work.costs[round].*what / floor.costs[round].*what);
     return middle(ratios);
+}
+
+bool isnoisy(const Work& work)
+{
+    std::vector<double> times;
+    for (const Cost& cost : work.costs)
+        times.push_back(cost.cpu);
+    std::sort(times.begin(), times.end());
+    const std::size_t quarter = times.size() / 4;
+    return times[times.size() - 1 - quarter] - times[quarter] > 0.1 * middle(times);
 }
 
 void require(bool condition, const QString& sentence)

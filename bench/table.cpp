@@ -17,15 +17,22 @@ QString columns(const QString& what, const QString& measured, const QString& aga
            ratio.rightJustified(8) + aim.rightJustified(13);
 }
 
-void compare(const QString& what, const QString& measured, const QString& against, double ratio, double aim)
+void line(const QString& what, const QString& measured, const QString& against, double value, double aim,
+          const QString& unit)
 {
-    const QString text =
-        columns(QStringLiteral("  ") + what, measured, against, QString::number(ratio, 'f', 2),
-                aim > Table::noAim ? QStringLiteral("at most ") + QString::number(aim) : QStringLiteral("-"));
+    const QString text = columns(QStringLiteral("  ") + what, measured, against,
+                                 against.isEmpty() ? QString() : QString::number(value, 'f', 2),
+                                 aim > Table::noAim ? QStringLiteral("at most ") + QString::number(aim) + unit
+                                                    : QStringLiteral("-"));
     if (aim > Table::noAim)
-        print(text + (ratio <= aim ? QStringLiteral("  met") : QStringLiteral("  not met")));
+        print(text + (value <= aim ? QStringLiteral("  met") : QStringLiteral("  not met")));
     else
         print(text);
+}
+
+void compare(const QString& what, const QString& measured, const QString& against, double ratio, double aim)
+{
+    line(what, measured, against, ratio, aim, QString());
 }
 
 QString milliseconds(const Work& work)
@@ -56,4 +63,17 @@ void Table::times(const QString& what, const Work& work, const Work& floor, doub
 void Table::memory(const QString& what, const Work& work, const Work& floor, double aim)
 {
     compare(what, megabytes(work), megabytes(floor), ratio(work, floor, &Cost::memory), aim);
+}
+
+void Table::atmost(const QString& what, const Work& work, double most)
+{
+    line(what, milliseconds(work), QString(), median(work, &Cost::cpu) * 1e3, most, QStringLiteral(" ms"));
+}
+
+void Table::instructions(const QString& what, double work, double floor, double aim)
+{
+    const auto millions = [](double count) {
+        return QString::number(count / 1e6, 'f', 1) + QStringLiteral(" Mi");
+    };
+    compare(what, millions(work), millions(floor), work / floor, aim);
 }

@@ -16,6 +16,10 @@ void head();
 void section(const QString& title);
 /// \a work in CPU time against \a floor, with the most that the ratio should be and whether that is met.
 void times(const QString& what, const Work& work, const Work& floor, double aim);
+/// \a work in CPU time alone, with the most milliseconds that it should take and whether that is met.
+void atmost(const QString& what, const Work& work, double milliseconds);
+/// Numbers of instructions, in millions, instead of times.
+void instructions(const QString& what, double work, double floor, double aim);
 /// \a work in peak memory against \a floor.
 void memory(const QString& what, const Work& work, const Work& floor, double aim);
 

@@ -20,6 +20,8 @@ QString textvalue(const QSettings& settings, const QString& key)
 {
     QString text = settings.value(key).toString();
     text.replace(atMark, QLatin1Char('@'));
+    if (!text.startsWith(QLatin1Char('@')))
+        return text;
     // Texts that QSettings itself has written in a form of its own.
     if (text.startsWith(QLatin1String("@@")))
         return text.mid(1);

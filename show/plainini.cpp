@@ -55,7 +55,7 @@ private:
     bool nextline();
     int behindescapedsign(int at) const;
     void addgroup();
-    void addname(const QByteArray& name);
+    void addname(const char* begin, const char* end);
     void addvalue(int from, int to);
     int addescape(int at, int to);
     void addrun(int from, int to);
@@ -82,7 +82,7 @@ std::optional<QByteArray> PlainIni::result()
             while (keyend > m_start && isblank(m_bytes.at(keyend - 1)))
                 --keyend;
             m_result += '\n';
-            addname(QByteArray::fromRawData(m_bytes.constData() + m_start, keyend - m_start));
+            addname(m_bytes.constData() + m_start, m_bytes.constData() + keyend);
             m_result += '=';
             addvalue(m_equals + 1, m_end);
         } else {
@@ -144,25 +144,26 @@ void PlainIni::addgroup()
     const QByteArray line = m_bytes.mid(m_start + 1, m_end - m_start - 1);
     const int close = line.indexOf(']');
     m_result += "\n[";
-    addname((close < 0 ? line : line.left(close)).trimmed());
+    const QByteArray name = (close < 0 ? line : line.left(close)).trimmed();
+    addname(name.cbegin(), name.cend());
     m_result += ']';
 }
 
 /// Adds the name of a group or key. QSettings reads a backslash in it as "/", "%" and two digits as any sign,
 /// and other bytes as Latin-1.
-void PlainIni::addname(const QByteArray& name)
+void PlainIni::addname(const char* begin, const char* end)
 {
-    if (std::all_of(name.cbegin(), name.cend(), isplainname)) {
-        m_result += name;
+    if (std::all_of(begin, end, isplainname)) {
+        m_result.append(begin, static_cast<int>(end - begin));
         return;
     }
-    for (const char sign : name) {
-        if (sign == '\\')
+    for (const char* sign = begin; sign < end; ++sign) {
+        if (*sign == '\\')
             m_result += '/';
-        else if (isplainname(sign))
-            m_result += sign;
+        else if (isplainname(*sign))
+            m_result += *sign;
         else
-            m_result += '%' + QByteArray(1, sign).toHex();
+            m_result += '%' + QByteArray(1, *sign).toHex();
     }
 }
 
