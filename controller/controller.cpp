@@ -47,8 +47,7 @@ Record placedcell(const show::Payload& payload)
     };
 }
 
-/// What a move leaves behind in a cell labelled \a label. Blink is empty here where a new cell has "0"; both
-/// mean no blink.
+/// What a move leaves behind in a cell labelled \a label.
 Record vacatedcell(const QString& label)
 {
     return {
@@ -91,18 +90,11 @@ Controller::Controller(const QList<QList<Record>>& grid, QObject* parent)
 
 Record Controller::newrecord() const
 {
-    return {
-        {Key::name(), QLatin1String("")},
-        {Key::dspName(), QLatin1String("")},
-        {Key::id(), QStringLiteral("-1")},
-        {Key::avail(), QStringLiteral("1")},
-        {Key::color(), QStringLiteral("#000000")},
-        {Key::colorOff(), QLatin1String("")},
-        {Key::colorOn(), QLatin1String("")},
-        {Key::blink(), QStringLiteral("0")},
-        {Key::textColor(), QStringLiteral("#ffffff")},
-        {Key::pageNr(), QStringLiteral("0")},
-    };
+    Record cell = vacatedcell(QLatin1String(""));
+    // Where a move leaves none: both mean no blink.
+    cell.insert(Key::blink(), QStringLiteral("0"));
+    cell.insert(Key::textColor(), QStringLiteral("#ffffff"));
+    return cell;
 }
 
 QVariant Controller::headerData(int section, Qt::Orientation orientation, int role) const

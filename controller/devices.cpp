@@ -30,8 +30,8 @@ Record devicerecord(const Record& layout, const QString& name, const QString& pa
     Record device{{Key::device(), layout.value(Key::name())},
                   {Key::name(), name},
                   {Key::path(), path},
-                  {Key::off(), layout.value(QStringLiteral("coloroff"))},
-                  {Key::on(), layout.value(QStringLiteral("coloron"))}};
+                  {Key::off(), layout.value(Key::colorOff())},
+                  {Key::on(), layout.value(Key::colorOn())}};
     for (const QString& key :
          {Key::fullRgb(), Key::colors(), Key::top(), Key::left(), Key::right(), Key::bottom(), Key::faders()})
         device.insert(key, layout.value(key));

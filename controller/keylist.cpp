@@ -30,13 +30,11 @@ QString ledname(const Record& control, const QString& prefix)
 
 QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath)
 {
-    if (!QFileInfo::exists(layoutpath) || !QFileInfo::exists(mapperpath))
+    if (!QFileInfo::exists(mapperpath))
         return {};
-    const QString pad = QStringLiteral("pad");
-    const QString button = QStringLiteral("button");
     const QString colorled = QStringLiteral("colorled");
-    const QStringList types{pad, button, QStringLiteral("slider"), QStringLiteral("ignore"),
-                            QStringLiteral("empty")};
+    const QStringList types{ControlKind::pad(), ControlKind::button(), ControlKind::slider(),
+                            ControlKind::ignore(), ControlKind::empty()};
     const auto controls = readelements(layoutpath, types);
     const QHash<QString, QString> actions = readactions(mapperpath);
     const auto factoryaction = [&](const QString& name) { return removeos2l(actions.value(name)); };
@@ -55,15 +53,15 @@ QList<Record> getkeynames(const QString& layoutpath, const QString& mapperpath)
                        {Key::row(), attributes.value(Key::row())},
                        {Key::col(), attributes.value(Key::col())},
                        {Key::type(), type}};
-            if (type == pad) {
+            if (type == ControlKind::pad()) {
                 key.insert(Key::led(), ledname(attributes, colorled));
                 key.insert(Key::ledAction(), factoryaction(key.value(Key::led())));
-            } else if (type == button) {
+            } else if (type == ControlKind::button()) {
                 const bool plain = attributes.value(colorled).isEmpty();
                 const QString led = ledname(attributes, plain ? Key::led() : colorled);
                 ledfound = ledfound || actions.contains(led);
                 key.insert(Key::led(), led);
-                key.insert(Key::ledType(), plain ? QStringLiteral("led") : QStringLiteral("color"));
+                key.insert(Key::ledType(), plain ? ButtonLight::plain() : ButtonLight::colored());
                 key.insert(Key::ledAction(), ledfound ? factoryaction(led) : key.value(Key::action()));
             }
             keys.append(key);

@@ -73,7 +73,7 @@ Led padled(const Mapping& mapping, const MapperPad& pad)
 Led buttonled(const Mapping& mapping, const MapperPad& pad, const QString& ledtype)
 {
     QString lit = QStringLiteral("on : off");
-    if (ledtype == QLatin1String("color")) {
+    if (ledtype == ButtonLight::colored()) {
         lit = mapping.fullRgb ? dimmed(pad.color)
                               : either(quoted(QStringLiteral("color"), mapping.defaultOn),
                                        quoted(QStringLiteral("color"), mapping.defaultOff));
@@ -114,18 +114,18 @@ QString controllines(const Mapping& mapping, const Record& key)
 {
     const QString type = key.value(Key::type());
     const QString name = key.value(Key::value());
-    if (type == QLatin1String("pad"))
+    if (type == ControlKind::pad())
         return controllines(mapping, key, true);
-    if (type == QLatin1String("button"))
+    if (type == ControlKind::button())
         return controllines(mapping, key, false);
     const QString action = xmlparse(key.value(Key::action()));
-    if (type == QLatin1String("slider")) {
+    if (type == ControlKind::slider()) {
         const QString command = "os2l_cmd " + QString::number(key.value(Key::col()).toInt() + qint64(1));
         return line(name, mapping.combined ? whileos2l(command, action) : command);
     }
-    if (type == QLatin1String("ignore"))
+    if (type == ControlKind::ignore())
         return line(name, action);
-    if (type == QLatin1String("empty")) {
+    if (type == ControlKind::empty()) {
         const QString nothing = QStringLiteral("nothing");
         return line(name, mapping.combined && !action.isEmpty() ? whileos2l(nothing, action) : nothing);
     }

@@ -24,3 +24,21 @@ inline QString row() { return QStringLiteral("row"); }
 inline QString col() { return QStringLiteral("col"); }
 inline QString type() { return QStringLiteral("type"); }
 } // namespace Key
+
+/// The controls of a layout: what stands as `type` in the records of controls, and the tags of a layout's
+/// elements.
+namespace ControlKind {
+inline QString pad() { return QStringLiteral("pad"); }
+inline QString button() { return QStringLiteral("button"); }
+inline QString slider() { return QStringLiteral("slider"); }
+/// Keeps what it does in the mapping.
+inline QString ignore() { return QStringLiteral("ignore"); }
+/// Does nothing while the lights have the controller.
+inline QString empty() { return QStringLiteral("empty"); }
+} // namespace ControlKind
+
+/// What the light of a button can show: what stands as `ledtype` in its record.
+namespace ButtonLight {
+inline QString plain() { return QStringLiteral("led"); }
+inline QString colored() { return QStringLiteral("color"); }
+} // namespace ButtonLight
