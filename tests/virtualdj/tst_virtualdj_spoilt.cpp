@@ -281,7 +281,7 @@ void SpoiltTest::noticesWhateverIsWrong()
         if (complaints(spoilt.text, expected).isEmpty() != same)
             wrong.append(spoilt.how);
     }
-    m_spoilt += all.size() - equivalent;
+    m_spoilt += static_cast<int>(all.size()) - equivalent;
     QFETCH(int, least);
     QVERIFY2(all.size() >= least, qPrintable(QString::number(all.size())));
     QVERIFY2(wrong.isEmpty(), qPrintable("Not noticed, or listed as equivalent: " + wrong.join('\n')));
