@@ -141,6 +141,7 @@ QString SizedShow::freshcopy()
 {
     QString path = m_path + QStringLiteral(".%1").arg(++m_copies);
     QFile::remove(m_path + QStringLiteral(".%1").arg(m_copies - 1));
+    QFile::remove(path); // of an earlier process
     require(QFile::copy(m_path, path), QStringLiteral("%1 cannot be copied").arg(m_path));
     return path;
 }

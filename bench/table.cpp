@@ -14,7 +14,7 @@ QString columns(const QString& what, const QString& measured, const QString& aga
                 const QString& aim)
 {
     return what.leftJustified(50) + measured.rightJustified(12) + against.rightJustified(12) +
-           ratio.rightJustified(8) + aim.rightJustified(13);
+           ratio.rightJustified(8) + aim.rightJustified(15);
 }
 
 void line(const QString& what, const QString& measured, const QString& against, double value, double aim,

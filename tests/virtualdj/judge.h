@@ -13,8 +13,8 @@ namespace VirtualDj {
 
 class Desk;
 
-/// Presses every pad of a file in every bank and every control in every state, asks every light, sends what comes of it
-/// to a lighting program over OS2L, and compares all that with what the user had done.
+/// Presses every pad of a file in every bank and every control in every state, asks every light, sends what
+/// comes of it to a lighting program over OS2L, and compares all that with what the user had done.
 class Judge
 {
 public:

@@ -43,6 +43,9 @@ Value variable(const QStringList& arguments, World* world)
     return arguments.size() > 1 ? truth(is == arguments.at(1).toInt()) : number(is);
 }
 
+/// The number of words behind the first argument.
+int dropped(const Step& step) { return static_cast<int>(step.arguments.size()) - 1; }
+
 Value askverb(const Step& step, World* world)
 {
     switch (step.verb) {
@@ -75,7 +78,7 @@ Value askverb(const Step& step, World* world)
         return number(world->variable(step.arguments.value(0)));
     case Verb::Os2lButton:
         // Needs the lighting program to tell (our assumption).
-        return truth(world->buttonactive(step.arguments.value(0), step.arguments.size() - 1));
+        return truth(world->buttonactive(step.arguments.value(0), dropped(step)));
     case Verb::Set:
     case Verb::Cycle:
     case Verb::Os2lCommand:
@@ -121,7 +124,6 @@ void performverb(const Step& step, World* world, Effects* effects)
 {
     // Words after a verb's arguments are dropped (measured by others).
     const QString name = step.arguments.value(0);
-    const int dropped = step.arguments.size() - 1;
     const int argument = step.arguments.value(1).toInt();
     switch (step.verb) {
     case Verb::Set:
@@ -134,10 +136,10 @@ void performverb(const Step& step, World* world, Effects* effects)
         setvariable(name, cycled(world->variable(name), argument), world, effects);
         break;
     case Verb::Os2lButton:
-        effects->append({Effect::Kind::Os2lButton, name, dropped});
+        effects->append({Effect::Kind::Os2lButton, name, dropped(step)});
         break;
     case Verb::Os2lCommand:
-        effects->append({Effect::Kind::Os2lCommand, name, dropped});
+        effects->append({Effect::Kind::Os2lCommand, name, dropped(step)});
         break;
     case Verb::Factory:
         effects->append({Effect::Kind::Factory, step.text, 0});
@@ -266,8 +268,8 @@ Light lightof(const Value& value)
 
 QString describe(const Effects& effects)
 {
-    const auto words = [](int dropped) {
-        return dropped > 0 ? QStringLiteral(" (dropped words: %1)").arg(dropped) : QString();
+    const auto words = [](int count) {
+        return count > 0 ? QStringLiteral(" (dropped words: %1)").arg(count) : QString();
     };
     QStringList all;
     for (const Effect& effect : effects) {

@@ -170,7 +170,8 @@ Taken taken(const QString& name, Deviations* deviations)
     for (int piece = 1; piece < pieces.size(); ++piece) {
         const bool bare = piece % 2 == 1;
         garbles = garbles || (bare && pieces.at(piece).contains(signs));
-        taken.dropped += bare ? pieces.at(piece).split(blanks, Qt::SkipEmptyParts).size() : 1;
+        taken.dropped +=
+            bare ? static_cast<int>(pieces.at(piece).split(blanks, Qt::SkipEmptyParts).size()) : 1;
     }
     if (garbles)
         qFatal("The name %s garbles scripts", qPrintable(name));

@@ -16,9 +16,9 @@
 namespace VirtualDj {
 
 /// Everything in which a right file differs from what a user might expect, settled so and each with its
-/// reason. The judge expects each where it applies, and counts how often; nothing else is tolerated. DarkSwitch,
-/// NoSwitch, SharedCell, UnwrittenCell and SideButtonColours need no rule of their own: a control is expected to do
-/// what is in its cell, and these five are where that may surprise.
+/// reason. The judge expects each where it applies, and counts how often; nothing else is tolerated.
+/// DarkSwitch, NoSwitch, SharedCell, UnwrittenCell and SideButtonColours need no rule of their own: a control
+/// is expected to do what is in its cell, and these five are where that may surprise.
 enum class Deviation {
     CutName,
     HiddenBank,
