@@ -1,21 +1,13 @@
 #include "xmltext.h"
 
 #include "bounds.h"
+#include "toolkit.h"
 
 #include <QRegularExpression>
-#include <QTextCodec>
 
-#include <memory>
 #include <optional>
 
 namespace {
-
-QString decoded(const QByteArray& bytes, const QTextCodec& codec)
-{
-    // A decoder passes over half a character at the end of the file; the codec itself would put in a sign.
-    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
-    return decoder->toUnicode(bytes);
-}
 
 /// The encoding that the XML declaration at the start of \a text names; empty when it names none.
 QString declaredencoding(const QString& text)
@@ -31,13 +23,13 @@ QString declaredencoding(const QString& text)
     return declaration.match(whole).captured(1);
 }
 
-/// Whether \a codec is one of the encodings that are read beside UTF-16. In all of them every sign of XML is
-/// its ASCII byte.
-bool isplain(const QTextCodec& codec)
+/// Whether \a name is that of an encoding that is read beside UTF-16. In all of them every sign of XML is its
+/// ASCII byte.
+bool isplain(const QString& name)
 {
     static const QRegularExpression names(
         QStringLiteral("^(UTF-8|US-ASCII|ISO-8859-\\d{1,2}|windows-125\\d)$"));
-    return names.match(QString::fromLatin1(codec.name())).hasMatch();
+    return names.match(name).hasMatch();
 }
 
 /// The text of \a xml; nothing when its encoding is not read.
@@ -48,15 +40,16 @@ std::optional<QString> decodedxml(const QByteArray& xml)
     // Without a byte order mark, or with one of UTF-32
     if ((!wide && start.contains('\0')) || start == QByteArray("\xFF\xFE\0\0", 4))
         return std::nullopt;
-    const QTextCodec* const assumed = QTextCodec::codecForName(wide ? "UTF-16" : "UTF-8");
+    const QByteArray assumed = wide ? "UTF-16" : "UTF-8";
     // A declaration is looked for in the first kilobyte only, as parsers do.
-    const QString name = declaredencoding(decoded(xml.left(1024), *assumed));
-    if (name.isEmpty())
-        return decoded(xml, *assumed);
-    const QTextCodec* const codec = QTextCodec::codecForName(name.toLatin1());
-    if (!codec || (codec->mibEnum() != assumed->mibEnum() && !isplain(*codec)))
+    const QString declared = declaredencoding(Decoder(assumed).decoded(xml.left(1024)));
+    if (declared.isEmpty())
+        return Decoder(assumed).decoded(xml);
+    Decoder decoder(declared.toLatin1());
+    const QString name = decoder.name();
+    if (name != QLatin1String(assumed) && !isplain(name))
         return std::nullopt;
-    return decoded(xml, *codec);
+    return decoder.decoded(xml);
 }
 
 /// One walk over the text of a document. It reads signs the way a parser does, so that nothing is hidden from
@@ -74,26 +67,26 @@ public:
 
 private:
     bool starts(QLatin1String sign) const { return QStringView(m_text).mid(m_at, sign.size()) == sign; }
-    void skipbehind(const QString& sign, int from);
+    void skipbehind(const QString& sign, Size from);
     void skipquotes();
     void declaration();
     XmlRefusal markup();
     XmlRefusal doctype();
     XmlRefusal tag();
-    void makesafe(int start, int end);
+    void makesafe(Size start, Size end);
 
     const QString m_text;
     QString m_safe;
-    int m_copied = 0; ///< how much of the text stands in m_safe
-    int m_at = 0;
+    Size m_copied = 0; ///< how much of the text stands in m_safe
+    Size m_at = 0;
     int m_depth = 0;
     int m_parts = 0;
 };
 
 /// Goes behind the next \a sign, to be found \a from signs behind the place.
-void Walk::skipbehind(const QString& sign, int from)
+void Walk::skipbehind(const QString& sign, Size from)
 {
-    const int found = m_text.indexOf(sign, m_at + from);
+    const Size found = m_text.indexOf(sign, m_at + from);
     m_at = found < 0 ? m_text.size() : found + sign.size();
 }
 
@@ -202,7 +195,7 @@ XmlRefusal Walk::tag()
         }
         if (++attributes > maxXmlAttributes)
             return XmlRefusal::Attributes;
-        const int start = m_at;
+        const Size start = m_at;
         skipquotes();
         makesafe(start, m_at);
     }
@@ -214,9 +207,9 @@ XmlRefusal Walk::tag()
 }
 
 /// Puts character references for the tabs and line breaks of the value from \a start to \a end.
-void Walk::makesafe(int start, int end)
+void Walk::makesafe(Size start, Size end)
 {
-    for (int at = start; at < end; ++at) {
+    for (Size at = start; at < end; ++at) {
         const char sign = m_text.at(at).toLatin1();
         if (sign != '\t' && sign != '\n' && sign != '\r')
             continue;

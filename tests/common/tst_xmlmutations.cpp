@@ -1,8 +1,9 @@
+#include "testfiles.h"
+#include "toolkit.h"
 #include "xmlelements.h"
 
 #include <QDomDocument>
 #include <QRandomGenerator>
-#include <QTextCodec>
 #include <QtTest>
 
 namespace {
@@ -71,10 +72,10 @@ public:
     QByteArray changed(QByteArray text, const QVector<QByteArray>& pieces)
     {
         for (int change = m_random.bounded(1, 4); change > 0; --change) {
-            const int at = m_random.bounded(text.size() + 1);
+            const int at = m_random.bounded(static_cast<int>(text.size()) + 1);
             switch (m_random.bounded(7)) {
             case 0:
-                text.truncate(qMax(at, text.size() / 2));
+                text.truncate(qMax<Size>(at, text.size() / 2));
                 break;
             case 1:
                 text.remove(at, m_random.bounded(1, 12));
@@ -119,7 +120,7 @@ QVector<QByteArray> seeds()
                               "<!NOTATION n PUBLIC \"]>\"><!-- ]> -->]>\n"
                               "<layout name=\"P\"><pad name='1'><a x=\"\" /></pad>&what;<?q \"?></layout>";
     return {project, mapper, layout, "<a x='1' y=\"2\"><a/><a>t</a></a>",
-            QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromUtf8(project.mid(39)))};
+            utf16(QString::fromUtf8(project.mid(39)))};
 }
 
 QVector<QByteArray> pieces()
