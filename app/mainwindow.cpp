@@ -189,6 +189,11 @@ void MainWindow::setupviews()
 
 void MainWindow::setstyles()
 {
+    // Below a style sheet Qt 6 takes no font from the parent; here every widget gets as its own what it has
+    // from there.
+    const auto widgets = ui->centralWidget->findChildren<QWidget*>();
+    for (QWidget* widget : widgets)
+        widget->setFont(widget->font());
     ui->centralWidget->setStyleSheet(Style::centralWidget());
     // All labels but label_4, which shows on the window's own background.
     for (QLabel* label : {ui->label, ui->label_2, ui->label_3, ui->label_5, ui->label_6, ui->label_7,
