@@ -123,7 +123,7 @@ QList<Record> readmappers(const QString& folder, const QList<Record>& devices)
     for (const QString& file : files) {
         const QString path = folder + QLatin1Char('/') + file;
         const auto xml = readregularfile(path, std::min(maxXmlSize, maxMappersScan - scanned));
-        scanned += std::max(xml ? xml->size() : 0, minMapperScan);
+        scanned += std::max(xml ? static_cast<int>(xml->size()) : 0, minMapperScan);
         if (scanned > maxMappersScan)
             break;
         const QStringList ids = xml ? deviceids(*xml, devices) : QStringList();

@@ -657,7 +657,7 @@ void MainWindowTest::loadingAsksBeforeWorkIsReplaced()
     click(window, "loadini");
     QCOMPARE(dialogs.count(), answers.size());
     QCOMPARE(dialogs.at(0).isMessageBox, asked);
-    QCOMPARE(dialogs.at(answers.size() - 1).isFileDialog, !asked || answers.size() == 2);
+    QCOMPARE(dialogs.at(dialogs.count() - 1).isFileDialog, !asked || answers.size() == 2);
     QCOMPARE(window.showName, showName);
     QCOMPARE(window.vdjModel->getList(), pads);
     QCOMPARE(window.controllerModel->getList(), cells);

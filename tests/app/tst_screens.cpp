@@ -7,6 +7,7 @@
 #include "testhome.h"
 #include "testshows.h"
 #include "testwindow.h"
+#include "toolkit.h"
 #include "vdjmodel.h"
 
 #include <QApplication>
@@ -319,8 +320,7 @@ int main(int argc, char* argv[])
 {
     const TestHome home;
     // As the program does.
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    drawatscreenscale();
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

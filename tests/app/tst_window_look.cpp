@@ -119,7 +119,7 @@ QMap<QString, QString> declarations(const QString& sheet)
         const QStringList body = match.captured(2).split(QLatin1Char(';'), Qt::SkipEmptyParts);
         for (const QString& selector : selectors) {
             for (const QString& declaration : body) {
-                const int colon = declaration.indexOf(QLatin1Char(':'));
+                const auto colon = declaration.indexOf(QLatin1Char(':'));
                 if (colon > 0)
                     all.insert(selector.simplified() + QStringLiteral(" | ") +
                                    declaration.left(colon).simplified(),

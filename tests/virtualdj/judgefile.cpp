@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <utility>
+
 namespace {
 
 QByteArray bytesof(const QString& path)
@@ -31,7 +33,7 @@ int main(int argc, char* argv[])
                VirtualDj::readexpectation(bytesof(arguments.at(2)), QStringLiteral(LAYOUTS_DIR),
                                           QFileInfo(arguments.at(2)).absolutePath()));
     QTextStream out(stdout);
-    for (const QString& complaint : qAsConst(judge.complaints))
+    for (const QString& complaint : std::as_const(judge.complaints))
         out << complaint << '\n';
     out << judge.summary() << '\n';
     return judge.complaints.isEmpty() ? 0 : 1;

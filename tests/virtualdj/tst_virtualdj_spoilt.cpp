@@ -5,6 +5,8 @@
 #include <QTextStream>
 #include <QtTest>
 
+#include <utility>
+
 using VirtualDj::Expectation;
 using VirtualDj::Judge;
 
@@ -201,7 +203,7 @@ private:
     }
 
     Judge m_judge;
-    int m_spoilt = 0;
+    decltype(QStringList().size()) m_spoilt = 0;
 };
 
 void SpoiltTest::noticesWhateverIsWrong_data()
@@ -238,7 +240,7 @@ void SpoiltTest::noticesWhateverIsWrong()
         }
     }
     QStringList unnoticed;
-    for (const Spoilt& spoilt : qAsConst(all)) {
+    for (const Spoilt& spoilt : std::as_const(all)) {
         if (complaints(spoilt.text, expected).isEmpty())
             unnoticed.append(spoilt.how);
     }

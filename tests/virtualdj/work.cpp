@@ -107,7 +107,7 @@ namespace {
 /// A factory light that the next export finds again behind that of a Live Button: one that chooses.
 bool chooses(const QString& light)
 {
-    const int question = light.indexOf(QLatin1String(" ? "));
+    const auto question = light.indexOf(QLatin1String(" ? "));
     return question >= 0 && light.indexOf(QLatin1String(" : ")) > question;
 }
 
@@ -158,7 +158,7 @@ FactoryActions factoryafter(const MappingWork& work, const MappingFile& written,
 
 QString taken(const QString& name, Deviations* deviations)
 {
-    const int first = name.indexOf(QLatin1Char('\''));
+    const auto first = name.indexOf(QLatin1Char('\''));
     if (first < 0)
         return name;
     ++(*deviations)[Deviation::CutName];
