@@ -9,6 +9,10 @@
 
 namespace {
 
+/// The characters that stand for the control characters: as many as these, and never to be used in texts.
+constexpr ushort firststandin = 0xFDD0;
+constexpr ushort controls = 32;
+
 /// The encoding that the XML declaration at the start of \a text names; empty when it names none.
 QString declaredencoding(const QString& text)
 {
@@ -206,20 +210,38 @@ XmlRefusal Walk::tag()
     return m_depth > maxXmlDepth ? XmlRefusal::Nesting : XmlRefusal::None;
 }
 
-/// Puts character references for the tabs and line breaks of the value from \a start to \a end.
+/// Puts character references for the tabs and line breaks of the value from \a start to \a end, and what
+/// stands for them for other control characters.
 void Walk::makesafe(Size start, Size end)
 {
     for (Size at = start; at < end; ++at) {
-        const char sign = m_text.at(at).toLatin1();
-        if (sign != '\t' && sign != '\n' && sign != '\r')
+        const QChar sign = m_text.at(at);
+        if (sign.unicode() >= controls)
             continue;
         m_safe.append(m_text.constData() + m_copied, at - m_copied);
-        m_safe += QLatin1String(sign == '\t' ? "&#9;" : sign == '\n' ? "&#10;" : "&#13;");
+        if (sign == QLatin1Char('\t'))
+            m_safe += QLatin1String("&#9;");
+        else if (sign == QLatin1Char('\n'))
+            m_safe += QLatin1String("&#10;");
+        else if (sign == QLatin1Char('\r'))
+            m_safe += QLatin1String("&#13;");
+        else
+            m_safe += QChar(firststandin + sign.unicode());
         m_copied = at + 1;
     }
 }
 
 } // namespace
+
+QString withcontrols(QString value)
+{
+    for (Size at = 0; at < value.size(); ++at) {
+        const int control = value.at(at).unicode() - firststandin;
+        if (control >= 0 && control < controls)
+            value[at] = QChar(control);
+    }
+    return value;
+}
 
 XmlText safexml(const QByteArray& xml)
 {

@@ -1,5 +1,6 @@
 #include "testfiles.h"
 #include "toolkit.h"
+#include "toolkitfacts.h"
 #include "xmlelements.h"
 
 #include <QDomDocument>
@@ -32,13 +33,14 @@ QStringList lines(const QList<XmlElement>& elements)
     return result;
 }
 
-/// What a document tree holds of a file that is given to it as it stands.
+/// What a document tree holds of a file that is given to it as it stands. A strict one gets the safe text, as
+/// it would lose tabs and line breaks in values, and end at control characters and stray bytes.
 struct Bare
 {
     explicit Bare(const QByteArray& xml)
     {
         QDomDocument document;
-        whole = document.setContent(xml);
+        whole = Toolkit::strictDom ? document.setContent(safexml(xml).text) : document.setContent(xml);
         walk(document, 0);
     }
 
@@ -50,7 +52,7 @@ struct Bare
             attributes = qMax(attributes, map.size());
             Record record;
             for (int n = 0; n < map.size(); ++n)
-                record.insert(map.item(n).nodeName(), map.item(n).nodeValue());
+                record.insert(map.item(n).nodeName(), withcontrols(map.item(n).nodeValue()));
             if (node.isElement() && tags.contains(node.nodeName()))
                 elements.append(line(node.nodeName(), record));
             if (node.isElement())
