@@ -40,8 +40,12 @@ constexpr int midiWindowWidthFromPads = 1365;
 QIcon windowicon()
 {
     QIcon icon;
-    for (const char* size : {"16", "32", "", "@2x"})
+    for (const char* size : {"16", "32", ""})
         icon.addFile(QStringLiteral(":/icons/Images/lumipadicon%1.png").arg(QLatin1String(size)));
+    // By its name alone Qt 6 would give it to screens of twice the scale only.
+    QPixmap largest(QStringLiteral(":/icons/Images/lumipadicon@2x.png"));
+    largest.setDevicePixelRatio(1);
+    icon.addPixmap(largest);
     return icon;
 }
 
