@@ -3,6 +3,7 @@
 #include "xmlelements.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -61,6 +62,7 @@ private slots:
     void keepsWhatWasReadAheadOfAnErrorWhenAskedTo();
     void readsTheseEncodings_data();
     void readsTheseEncodings();
+    void readsEveryByteAsItsChartSays();
     void refusesEveryOtherEncoding_data();
     void refusesEveryOtherEncoding();
     void bringsTabsAndLineBreaksThroughAsReferences();
@@ -179,6 +181,34 @@ void XmlElementsTest::readsTheseEncodings()
     QFETCH(QString, value);
     QCOMPARE(lines(elementsof(xml, tags)), QStringList("a|x=" + value));
     QCOMPARE(refusalof(xml), XmlRefusal::None);
+}
+
+void XmlElementsTest::readsEveryByteAsItsChartSays()
+{
+    QByteArray bytes;
+    for (int byte = 0x80; byte <= 0xFF; ++byte)
+        bytes += static_cast<char>(byte);
+    const QStringList lines =
+        QString::fromLatin1(contents(TEST_DATA_DIR "/charts.txt")).split('\n', Qt::SkipEmptyParts);
+    QByteArray encoding;
+    QHash<QByteArray, QString> charts;
+    for (const QString& line : lines) {
+        if (line.startsWith('#'))
+            continue;
+        if (line.contains('-')) {
+            encoding = line.toLatin1();
+            continue;
+        }
+        const QStringList signs = line.split(' ');
+        for (const QString& sign : signs)
+            charts[encoding] += QChar(sign.toUShort(nullptr, 16));
+    }
+    QCOMPARE(charts.size(), 22);
+    for (auto chart = charts.cbegin(); chart != charts.cend(); ++chart) {
+        const QByteArray xml = "<?xml version='1.0' encoding='" + chart.key() + "'?><a>" + bytes + "</a>";
+        const QString text = safexml(xml).text;
+        QVERIFY2(text.contains('>' + chart.value() + '<'), chart.key().constData());
+    }
 }
 
 void XmlElementsTest::refusesEveryOtherEncoding_data()
