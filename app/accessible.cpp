@@ -18,6 +18,8 @@
 #include <QPointer>
 #include <QTableView>
 
+#include <utility>
+
 namespace {
 
 /// Translates the texts of this file, under a name by which the tools for translators find them.
@@ -175,11 +177,11 @@ public:
     int columnCount() const override { return model() ? model()->columnCount() : 0; }
     QString rowDescription(int) const override { return QString(); }
     QString columnDescription(int) const override { return QString(); }
-    int selectedCellCount() const override { return selectedCells().size(); }
+    int selectedCellCount() const override { return static_cast<int>(selectedCells().size()); }
     QList<QAccessibleInterface*> selectedCells() const override;
-    int selectedRowCount() const override { return selectedRows().size(); }
+    int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
     QList<int> selectedRows() const override;
-    int selectedColumnCount() const override { return selectedColumns().size(); }
+    int selectedColumnCount() const override { return static_cast<int>(selectedColumns().size()); }
     QList<int> selectedColumns() const override;
     bool isRowSelected(int row) const override { return selectedRows().contains(row); }
     bool isColumnSelected(int column) const override { return selectedColumns().contains(column); }
@@ -285,7 +287,7 @@ QList<int> Table::selectedColumns() const
 
 void Table::forget()
 {
-    for (const QAccessible::Id id : qAsConst(m_children))
+    for (const QAccessible::Id id : std::as_const(m_children))
         QAccessible::deleteAccessibleInterface(id);
     m_children.clear();
 }

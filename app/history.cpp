@@ -61,7 +61,7 @@ void History::redo() { m_group.redo(); }
 void History::clear()
 {
     m_before.clear();
-    for (QUndoStack* stack : qAsConst(m_stacks))
+    for (QUndoStack* stack : std::as_const(m_stacks))
         stack->clear();
 }
 

@@ -42,8 +42,12 @@ constexpr int midiWindowWidthFromPads = 1365;
 QIcon windowicon()
 {
     QIcon icon;
-    for (const char* size : {"16", "32", "", "@2x"})
+    for (const char* size : {"16", "32", ""})
         icon.addFile(QStringLiteral(":/icons/Images/lumipadicon%1.png").arg(QLatin1String(size)));
+    // By its name alone Qt 6 would give it to screens of twice the scale only.
+    QPixmap largest(QStringLiteral(":/icons/Images/lumipadicon@2x.png"));
+    largest.setDevicePixelRatio(1);
+    icon.addPixmap(largest);
     return icon;
 }
 
@@ -198,6 +202,11 @@ void MainWindow::setupviews()
 
 void MainWindow::setstyles()
 {
+    // Below a style sheet Qt 6 takes no font from the parent; here every widget gets as its own what it has
+    // from there.
+    const auto widgets = ui->centralWidget->findChildren<QWidget*>();
+    for (QWidget* widget : widgets)
+        widget->setFont(widget->font());
     for (QRadioButton* radio :
          {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
         radio->setStyle(new RadioStyle(radio));

@@ -15,6 +15,8 @@
 #include <QFileInfo>
 #include <QStyle>
 
+#include <utility>
+
 namespace {
 
 void setitemsizes(QComboBox* combo)
@@ -48,7 +50,7 @@ void MainWindow::readdefaultmappers()
     devices = lists.devices;
     mappers = lists.mappers;
     ui->devicescombo->clear();
-    for (const Record& device : qAsConst(devices))
+    for (const Record& device : std::as_const(devices))
         ui->devicescombo->addItem(device.value(Key::name()));
     setitemsizes(ui->devicescombo);
 }
@@ -61,7 +63,7 @@ void MainWindow::updatemidicombo(int device)
     currentDevice = device;
     currentDeviceId = record.value(Key::device());
     ui->mididevices->clear();
-    for (const Record& mapper : qAsConst(mappers)) {
+    for (const Record& mapper : std::as_const(mappers)) {
         if (mapper.value(Key::device()) == currentDeviceId)
             ui->mididevices->addItem(mapper.value(Key::name()));
     }

@@ -15,6 +15,8 @@
 #include <QHeaderView>
 #include <QMessageBox>
 
+#include <utility>
+
 bool MainWindow::loadshow()
 {
     const QString folder = QFileDialog::getExistingDirectory(
@@ -78,7 +80,7 @@ void MainWindow::initlist() { show::filllist(dmxModel, buttons); }
 void MainWindow::updatecombo()
 {
     ui->combobox->clear();
-    for (const Record& page : qAsConst(pages))
+    for (const Record& page : std::as_const(pages))
         ui->combobox->addItem(page.value(Key::pageName()));
     for (int item = 0; item < ui->combobox->count(); ++item)
         ui->combobox->setItemData(item, QSize(30, 30), Qt::SizeHintRole);

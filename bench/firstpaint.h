@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QObject>
@@ -23,8 +25,7 @@ public:
 template<class Window>
 int showuntilpainted(int argc, char* argv[])
 {
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    drawatscreenscale();
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication app(argc, argv);
     Window window;

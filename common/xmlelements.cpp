@@ -13,7 +13,7 @@ Record recordof(const QDomNamedNodeMap& attributes)
     Record record;
     for (int n = 0; n < attributes.size(); ++n) {
         const QDomNode attribute = attributes.item(n);
-        record.insert(attribute.nodeName(), attribute.nodeValue());
+        record.insert(attribute.nodeName(), withcontrols(attribute.nodeValue()));
     }
     return record;
 }

@@ -1,21 +1,17 @@
 #include "xmltext.h"
 
 #include "bounds.h"
+#include "toolkit.h"
 
 #include <QRegularExpression>
-#include <QTextCodec>
 
-#include <memory>
 #include <optional>
 
 namespace {
 
-QString decoded(const QByteArray& bytes, const QTextCodec& codec)
-{
-    // A decoder passes over half a character at the end of the file; the codec itself would put in a sign.
-    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
-    return decoder->toUnicode(bytes);
-}
+/// The characters that stand for the control characters: as many as these, and never to be used in texts.
+constexpr ushort firststandin = 0xFDD0;
+constexpr ushort controls = 32;
 
 /// The encoding that the XML declaration at the start of \a text names; empty when it names none.
 QString declaredencoding(const QString& text)
@@ -31,13 +27,13 @@ QString declaredencoding(const QString& text)
     return declaration.match(whole).captured(1);
 }
 
-/// Whether \a codec is one of the encodings that are read beside UTF-16. In all of them every sign of XML is
-/// its ASCII byte.
-bool isplain(const QTextCodec& codec)
+/// Whether \a name is that of an encoding that is read beside UTF-16. In all of them every sign of XML is its
+/// ASCII byte.
+bool isplain(const QString& name)
 {
     static const QRegularExpression names(
         QStringLiteral("^(UTF-8|US-ASCII|ISO-8859-\\d{1,2}|windows-125\\d)$"));
-    return names.match(QString::fromLatin1(codec.name())).hasMatch();
+    return names.match(name).hasMatch();
 }
 
 /// The text of \a xml; nothing when its encoding is not read.
@@ -48,15 +44,16 @@ std::optional<QString> decodedxml(const QByteArray& xml)
     // Without a byte order mark, or with one of UTF-32
     if ((!wide && start.contains('\0')) || start == QByteArray("\xFF\xFE\0\0", 4))
         return std::nullopt;
-    const QTextCodec* const assumed = QTextCodec::codecForName(wide ? "UTF-16" : "UTF-8");
+    const QByteArray assumed = wide ? "UTF-16" : "UTF-8";
     // A declaration is looked for in the first kilobyte only, as parsers do.
-    const QString name = declaredencoding(decoded(xml.left(1024), *assumed));
-    if (name.isEmpty())
-        return decoded(xml, *assumed);
-    const QTextCodec* const codec = QTextCodec::codecForName(name.toLatin1());
-    if (!codec || (codec->mibEnum() != assumed->mibEnum() && !isplain(*codec)))
+    const QString declared = declaredencoding(Decoder(assumed).decoded(xml.left(1024)));
+    if (declared.isEmpty())
+        return Decoder(assumed).decoded(xml);
+    Decoder decoder(declared.toLatin1());
+    const QString name = decoder.name();
+    if (name != QLatin1String(assumed) && !isplain(name))
         return std::nullopt;
-    return decoded(xml, *codec);
+    return decoder.decoded(xml);
 }
 
 /// One walk over the text of a document. It reads signs the way a parser does, so that nothing is hidden from
@@ -74,26 +71,26 @@ public:
 
 private:
     bool starts(QLatin1String sign) const { return QStringView(m_text).mid(m_at, sign.size()) == sign; }
-    void skipbehind(const QString& sign, int from);
+    void skipbehind(const QString& sign, Size from);
     void skipquotes();
     void declaration();
     XmlRefusal markup();
     XmlRefusal doctype();
     XmlRefusal tag();
-    void makesafe(int start, int end);
+    void makesafe(Size start, Size end);
 
     const QString m_text;
     QString m_safe;
-    int m_copied = 0; ///< how much of the text stands in m_safe
-    int m_at = 0;
+    Size m_copied = 0; ///< how much of the text stands in m_safe
+    Size m_at = 0;
     int m_depth = 0;
     int m_parts = 0;
 };
 
 /// Goes behind the next \a sign, to be found \a from signs behind the place.
-void Walk::skipbehind(const QString& sign, int from)
+void Walk::skipbehind(const QString& sign, Size from)
 {
-    const int found = m_text.indexOf(sign, m_at + from);
+    const Size found = m_text.indexOf(sign, m_at + from);
     m_at = found < 0 ? m_text.size() : found + sign.size();
 }
 
@@ -202,7 +199,7 @@ XmlRefusal Walk::tag()
         }
         if (++attributes > maxXmlAttributes)
             return XmlRefusal::Attributes;
-        const int start = m_at;
+        const Size start = m_at;
         skipquotes();
         makesafe(start, m_at);
     }
@@ -213,21 +210,39 @@ XmlRefusal Walk::tag()
     return m_depth > maxXmlDepth ? XmlRefusal::Nesting : XmlRefusal::None;
 }
 
-/// Puts character references for the tabs and line breaks of the value from \a start to \a end.
-void Walk::makesafe(int start, int end)
+/// Puts character references for the tabs and line breaks of the value from \a start to \a end, and what
+/// stands for them for other control characters.
+void Walk::makesafe(Size start, Size end)
 {
     const QChar* const signs = m_text.constData();
-    for (int at = start; at < end; ++at) {
-        const char16_t sign = signs[at].unicode();
-        if (sign != u'\t' && sign != u'\n' && sign != u'\r')
+    for (Size at = start; at < end; ++at) {
+        const QChar sign = signs[at];
+        if (sign.unicode() >= controls)
             continue;
         m_safe.append(signs + m_copied, at - m_copied);
-        m_safe += QLatin1String(sign == u'\t' ? "&#9;" : sign == u'\n' ? "&#10;" : "&#13;");
+        if (sign == QLatin1Char('\t'))
+            m_safe += QLatin1String("&#9;");
+        else if (sign == QLatin1Char('\n'))
+            m_safe += QLatin1String("&#10;");
+        else if (sign == QLatin1Char('\r'))
+            m_safe += QLatin1String("&#13;");
+        else
+            m_safe += QChar(firststandin + sign.unicode());
         m_copied = at + 1;
     }
 }
 
 } // namespace
+
+QString withcontrols(QString value)
+{
+    for (Size at = 0; at < value.size(); ++at) {
+        const int control = value.at(at).unicode() - firststandin;
+        if (control >= 0 && control < controls)
+            value[at] = QChar(control);
+    }
+    return value;
+}
 
 XmlText safexml(const QByteArray& xml)
 {

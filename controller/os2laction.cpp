@@ -1,5 +1,7 @@
 #include "os2laction.h"
 
+#include "toolkit.h"
+
 namespace controller {
 
 QString xmlparse(const QString& text)
@@ -47,15 +49,15 @@ QString removeos2l(const QString& action)
     const QString condition = QStringLiteral(" ? ");
     const QString alternative = QStringLiteral(" : ");
     // The pieces are dropped by moving on in the text, not by cutting it: an action may be megabytes long.
-    int start = 0;
-    int c = -1;
-    int q = -1;
+    Size start = 0;
+    Size c = -1;
+    Size q = -1;
     const auto search = [&] {
         c = action.indexOf(alternative, start);
         q = action.indexOf(condition, start);
         return q > start && q < c;
     };
-    const auto behind = [&action](int separator) { return separator < 0 ? action.size() : separator + 3; };
+    const auto behind = [&action](Size separator) { return separator < 0 ? action.size() : separator + 3; };
 
     start = behind(action.indexOf(condition));
     if (search()) {

@@ -4,6 +4,7 @@
 #include "plainini.h"
 #include "readfile.h"
 #include "storedtexts.h"
+#include "toolkit.h"
 
 #include <QDir>
 #include <QSettings>
@@ -48,7 +49,7 @@ private:
 
     QSettings* m_settings;
     int m_values = 0;
-    int m_characters = 0;
+    Size m_characters = 0;
 };
 
 /// Copies every key of \a group into \a record.
@@ -90,7 +91,7 @@ Record ShowReader::button(const QString& group, int page, int buttonid)
     if (color == record.end())
         record.insert(Key::color(), getcolor(QString()));
     else
-        *color = getcolor(QString::number(color->toInt(), 16).toUpper());
+        *color = getcolor(QString::number(static_cast<qulonglong>(color->toInt()), 16).toUpper());
     record.insert(Key::buttonId(), QString::number(buttonid));
     return record;
 }
@@ -102,14 +103,14 @@ LightShow ShowReader::show()
     const int pages = std::min(textvalue(*m_settings, QStringLiteral("page/number")).toInt(), maxLivePages);
     for (int number = 1; number <= pages; ++number)
         show.pages.append(page(number));
+    int buttonid = 0;
     for (int number = 1; number < show.pages.size(); ++number) {
         const Record& record = show.pages.at(number);
         const QString prefix =
             QStringLiteral("page") + record.value(Key::pageId()) + QStringLiteral("_button");
-        const int count =
-            std::min(record.value(Key::buttonCount()).toInt(), maxLiveButtons - show.buttons.size());
+        const int count = std::min(record.value(Key::buttonCount()).toInt(), maxLiveButtons - buttonid);
         for (int n = 1; n <= count && !isfull(); ++n)
-            show.buttons.append(button(prefix + QString::number(n), number, show.buttons.size()));
+            show.buttons.append(button(prefix + QString::number(n), number, buttonid++));
     }
     return show;
 }

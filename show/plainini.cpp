@@ -1,6 +1,7 @@
 #include "plainini.h"
 
 #include "bounds.h"
+#include "toolkit.h"
 
 #include <QString>
 
@@ -53,21 +54,21 @@ public:
 
 private:
     bool nextline();
-    int behindescapedsign(int at) const;
+    Size behindescapedsign(Size at) const;
     void addgroup();
     void addname(const char* begin, const char* end);
-    void addvalue(int from, int to);
-    int addescape(int at, int to);
-    void addrun(int from, int to);
+    void addvalue(Size from, Size to);
+    Size addescape(Size at, Size to);
+    void addrun(Size from, Size to);
     void addsign(QChar sign);
     void addnumber(ushort number);
 
     const QByteArray m_bytes;
     QByteArray m_result;
-    int m_at = 0;
-    int m_start = 0;     ///< of the line
-    int m_end = 0;       ///< of the line
-    int m_equals = -1;   ///< the place of the "=" in the line
+    Size m_at = 0;
+    Size m_start = 0;    ///< of the line
+    Size m_end = 0;      ///< of the line
+    Size m_equals = -1;  ///< the place of the "=" in the line
     bool m_open = false; ///< whether an octal escape of ours ends the result: a digit would belong to it
 };
 
@@ -78,7 +79,7 @@ std::optional<QByteArray> PlainIni::result()
         if (m_bytes.at(m_start) == '[') {
             addgroup();
         } else if (m_equals >= 0) {
-            int keyend = m_equals;
+            Size keyend = m_equals;
             while (keyend > m_start && isblank(m_bytes.at(keyend - 1)))
                 --keyend;
             m_result += '\n';
@@ -95,7 +96,7 @@ std::optional<QByteArray> PlainIni::result()
 }
 
 /// Where the text behind the backslash at \a at goes on: two line ends of different kinds are one sign.
-int PlainIni::behindescapedsign(int at) const
+Size PlainIni::behindescapedsign(Size at) const
 {
     if (at + 1 >= m_bytes.size())
         return m_bytes.size();
@@ -109,7 +110,7 @@ int PlainIni::behindescapedsign(int at) const
 /// semicolon does.
 bool PlainIni::nextline()
 {
-    const int size = m_bytes.size();
+    const Size size = m_bytes.size();
     const auto skipspace = [&] {
         while (m_at < size && (isblank(m_bytes.at(m_at)) || islineend(m_bytes.at(m_at))))
             ++m_at;
@@ -142,7 +143,7 @@ bool PlainIni::nextline()
 void PlainIni::addgroup()
 {
     const QByteArray line = m_bytes.mid(m_start + 1, m_end - m_start - 1);
-    const int close = line.indexOf(']');
+    const Size close = line.indexOf(']');
     m_result += "\n[";
     const QByteArray name = (close < 0 ? line : line.left(close)).trimmed();
     addname(name.cbegin(), name.cend());
@@ -167,14 +168,14 @@ void PlainIni::addname(const char* begin, const char* end)
     }
 }
 
-void PlainIni::addvalue(int from, int to)
+void PlainIni::addvalue(Size from, Size to)
 {
     m_open = false;
     bool quoted = false;
     bool blanksend = true; // blanks at the end belong to the value when it has quotes behind its last comma
     bool comma = false;
-    int least = m_result.size();
-    for (int at = from; at < to;) {
+    Size least = m_result.size();
+    for (Size at = from; at < to;) {
         const char sign = m_bytes.at(at);
         if (sign == '\\') {
             at = addescape(at, to);
@@ -195,7 +196,7 @@ void PlainIni::addvalue(int from, int to)
             const auto begin = m_bytes.cbegin();
             const auto end = std::find_if(
                 begin + at, begin + to, [](char next) { return next == '\\' || next == '"' || next == ','; });
-            const int runend = static_cast<int>(end - begin);
+            const Size runend = static_cast<Size>(end - begin);
             addrun(at, runend);
             at = runend;
         }
@@ -205,14 +206,14 @@ void PlainIni::addvalue(int from, int to)
 }
 
 /// Adds the escape at \a at and tells where the value goes on. Numbers keep their lowest 16 bits.
-int PlainIni::addescape(int at, int to)
+Size PlainIni::addescape(Size at, Size to)
 {
     m_open = false;
     const char sign = at + 1 < to ? m_bytes.at(at + 1) : '\0';
     const bool hexadecimal = sign == 'x';
-    const int first = at + (hexadecimal ? 2 : 1);
+    const Size first = at + (hexadecimal ? 2 : 1);
     uint number = 0; // wraps above its lowest 16 bits only
-    int digits = first;
+    Size digits = first;
     for (int value; digits < to && (value = digitvalue(m_bytes.at(digits), hexadecimal)) >= 0; ++digits)
         number = number * (hexadecimal ? 16 : 8) + static_cast<uint>(value);
     if (digits > first) {
@@ -221,14 +222,14 @@ int PlainIni::addescape(int at, int to)
         addnumber(lowest == '@' ? atMark.unicode() : lowest);
         return digits;
     }
-    const int end = behindescapedsign(at);
+    const Size end = behindescapedsign(at);
     // A sign that means nothing is passed over.
     m_result += isascii(sign) ? m_bytes.mid(at, end - at) : QByteArrayLiteral("\\z");
     return end;
 }
 
 /// Adds a run of plain characters.
-void PlainIni::addrun(int from, int to)
+void PlainIni::addrun(Size from, Size to)
 {
     const auto begin = m_bytes.cbegin();
     if (std::all_of(begin + from, begin + to, [](char sign) { return isascii(sign) && sign != '@'; })) {

@@ -24,6 +24,8 @@
 #include <QTextStream>
 #include <QUrl>
 
+#include <utility>
+
 namespace {
 
 constexpr int resolution = 1200;
@@ -41,7 +43,7 @@ public:
 protected:
     QVariant loadResource(int type, const QUrl& name) override
     {
-        for (const QString& folder : qAsConst(m_folders)) {
+        for (const QString& folder : std::as_const(m_folders)) {
             const QImage image(folder + QLatin1Char('/') + name.toString());
             if (type == ImageResource && !image.isNull())
                 return image;

@@ -727,7 +727,8 @@ void KeysTest::menusOpenAtTheCurrentCell()
     keys.drop(0, current);
     keys.enter(view, current);
     if (key == 0) {
-        QContextMenuEvent request(QContextMenuEvent::Keyboard, view->rect().center());
+        const QPoint center = view->rect().center();
+        QContextMenuEvent request(QContextMenuEvent::Keyboard, center, view->mapToGlobal(center));
         QApplication::sendEvent(view, &request);
     } else {
         KeyWindow::press(static_cast<Qt::Key>(key), Qt::KeyboardModifiers(QFlag(modifiers)));
@@ -752,7 +753,8 @@ void KeysTest::menuOfAnEmptyPadDoesNotOpen()
     QVERIFY(!KeyWindow::openmenu());
     // Nor that of the pad which happens to lie where the window system's request points.
     keys.drop(0, keys.pad(20));
-    QContextMenuEvent request(QContextMenuEvent::Keyboard, keys.pads->visualRect(keys.pad(20)).center());
+    const QPoint center = keys.pads->visualRect(keys.pad(20)).center();
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, center, keys.pads->mapToGlobal(center));
     QApplication::sendEvent(keys.pads, &request);
     QVERIFY(!KeyWindow::openmenu());
 }

@@ -90,7 +90,7 @@ QStringList celllabels()
     all += QString("- - BOTTOM1 BOTTOM2 BOTTOM3 BOTTOM4 BOTTOM5 BOTTOM6 BOTTOM7 BOTTOM8 - -").split(' ');
     static const QRegularExpression anydigit("[0-9]");
     for (QString& label : all) {
-        const int digit = label.indexOf(anydigit);
+        const auto digit = label.indexOf(anydigit);
         label = label == "-" ? QString() : label.insert(digit, ' ');
     }
     return all;

@@ -1063,7 +1063,7 @@ void PadMenuTest::rightClicksLeaveNothingBehind()
         }
     };
     clickaround();
-    const int before = children();
+    const auto before = children();
     for (int i = 0; i < 500; ++i)
         clickaround();
     QCOMPARE(children(), before);
@@ -1307,7 +1307,7 @@ void PadMenuTest::padsPageRightClicksLeaveNothingBehind()
         deletewaiting();
     };
     clickonce();
-    const int before = children();
+    const auto before = children();
     for (int i = 0; i < 1000; ++i)
         clickonce();
     QCOMPARE(children(), before);

@@ -587,7 +587,7 @@ void ProjectsTest::keepsTheOldProjectOnAFullDisk_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<int>("bytes");
     for (const QString& kind : {QString("pads-eight.os2l"), QString("midi.os2l")}) {
-        const int size = Session().golden(kind).size();
+        const int size = static_cast<int>(Session().golden(kind).size());
         QTest::newRow(qPrintable(kind + ", no room")) << kind << 0;
         QTest::newRow(qPrintable(kind + ", room for a part")) << kind << 4100;
         QTest::newRow(qPrintable(kind + ", all but a little")) << kind << size - 100;
@@ -917,7 +917,8 @@ void ProjectsTest::restoresTheController()
         TestWindow& window = session.window;
         QVERIFY(session.window.showready());
         session.selectdevice(QStringLiteral("LAUNCHPADMK2"));
-        window.child<QComboBox>("devicescombo")->setCurrentIndex(window.devices.size() - 1);
+        const int last = static_cast<int>(window.devices.size()) - 1;
+        window.child<QComboBox>("devicescombo")->setCurrentIndex(last);
         if (frommidi)
             session.click("radio_outputmidi");
         QCOMPARE(session.loadtext(session.golden("midi.os2l")).size(), 1);
@@ -1075,8 +1076,9 @@ void ProjectsTest::restoresDeviceAndColors()
     QFETCH(int, on);
     Session session;
     session.selectdevice("APCMINI");
+    const int last = static_cast<int>(session.window.devices.size()) - 1;
     if (attributes.contains("APCMINI"))
-        session.window.child<QComboBox>("devicescombo")->setCurrentIndex(session.window.devices.size() - 1);
+        session.window.child<QComboBox>("devicescombo")->setCurrentIndex(last);
     session.loadtext(projectfile("type=\"midi\"" + session.show() + attributes,
                                  "<key row=\"4\" column=\"4\" name=\"a\" pagenr=\"1\" id=\"2\" "
                                  "avail=\"1\" color=\"#ff0000\" />"));
@@ -1097,7 +1099,7 @@ void ProjectsTest::appliesWhatAMalformedFileHolds()
     Session session;
     session.putmidi();
     const QByteArray text = session.golden("pads-sixteen.os2l");
-    const int cut = text.indexOf("\t<key row=\"20\"");
+    const auto cut = text.indexOf("\t<key row=\"20\"");
     QVERIFY(cut > 0);
     QCOMPARE(session.loadtext(text.left(cut) + "\t<key row=\"20\" name=\"a \"b\"").size(), 2);
     QVERIFY(session.window.child<QRadioButton>("radio_outputpage")->isChecked());

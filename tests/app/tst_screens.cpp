@@ -3,6 +3,7 @@
 
 #include "midiwindow.h"
 #include "testdialogs.h"
+#include "toolkit.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -336,8 +337,7 @@ int main(int argc, char* argv[])
 {
     const TestHome home;
     // As the program does.
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    drawatscreenscale();
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -119,7 +119,7 @@ QMap<QString, QString> declarations(const QString& sheet)
         const QStringList body = match.captured(2).split(QLatin1Char(';'), Qt::SkipEmptyParts);
         for (const QString& selector : selectors) {
             for (const QString& declaration : body) {
-                const int colon = declaration.indexOf(QLatin1Char(':'));
+                const auto colon = declaration.indexOf(QLatin1Char(':'));
                 if (colon > 0)
                     all.insert(selector.simplified() + QStringLiteral(" | ") +
                                    declaration.left(colon).simplified(),
@@ -766,8 +766,11 @@ void WindowLookTest::noTextIsCutOff()
                                                                      : metrics.horizontalAdvance(text);
         QVERIFY2(needed <= widget->width(),
                  qPrintable(QStringLiteral("%1 needs %2").arg(widget->objectName()).arg(needed)));
-        // Texts stand in the middle of their height; what is drawn of them must lie inside.
-        const int baseline = (widget->height() - metrics.height()) / 2 + metrics.ascent();
+        // Texts stand in the middle of their height or at its bottom; what is drawn of them must lie inside.
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const int above = widget->height() - metrics.height();
+        const bool bottom = label && label->alignment().testFlag(Qt::AlignBottom);
+        const int baseline = (bottom ? above : above / 2) + metrics.ascent();
         const QRect ink = metrics.tightBoundingRect(text).translated(0, baseline);
         QVERIFY2(ink.top() >= 0 && ink.bottom() < widget->height(), row.name);
         QVERIFY2(widget->geometry().right() <= widget->parentWidget()->width(), row.name);

@@ -57,8 +57,9 @@ void ReadFileTest::readsAResource()
     const QString name = QStringLiteral(":/mappings/Mappings/Akai APC Mini.xml");
     const QByteArray bytes = readregularfile(name, 1000000).value_or(QByteArray());
     QVERIFY(bytes.contains("<layout"));
-    QVERIFY(readregularfile(name, bytes.size()));
-    QVERIFY(!readregularfile(name, bytes.size() - 1));
+    const int size = static_cast<int>(bytes.size());
+    QVERIFY(readregularfile(name, size));
+    QVERIFY(!readregularfile(name, size - 1));
     QVERIFY(!readregularfile(":/missing", 10));
     QVERIFY(!readregularfile(":/", 10));
 }

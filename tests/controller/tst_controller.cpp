@@ -490,8 +490,9 @@ void ControllerTest::offersCopyingOnlyToDragsEvenWithShift()
         const QPoint from = view.middle(2, 2);
         QTest::mousePress(view.viewport(), Qt::LeftButton, modifier, from);
         for (const int way : {30, 60, 90}) {
-            QMouseEvent move(QEvent::MouseMove, from + QPoint(way, way), Qt::NoButton, Qt::LeftButton,
-                             modifier);
+            const QPoint to = from + QPoint(way, way);
+            QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton,
+                             Qt::LeftButton, modifier);
             QApplication::sendEvent(view.viewport(), &move);
         }
         QVERIFY(!view.offeredActions.isEmpty());

@@ -1,5 +1,6 @@
 #include "bounds.h"
 #include "devices.h"
+#include "testfiles.h"
 #include "testrecords.h"
 #include "xmlelements.h"
 
@@ -7,7 +8,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTextCodec>
 #include <QtTest>
 
 #include <climits>
@@ -474,8 +474,7 @@ void DevicesTest::readsFilesUpToEightMegabytes()
     const Folder folder;
     const QByteArray start = "<mapper device=\"APCMINI\"><!--";
     const QByteArray end = "--></mapper>";
-    const int limit = 8 * 1024 * 1024;
-    const int rest = limit - start.size() - end.size();
+    const auto rest = 8 * 1024 * 1024 - start.size() - end.size();
     folder.put("full.xml", start + QByteArray(rest, 'x') + end);
     folder.put("over.xml", start + QByteArray(rest + 1, 'x') + end);
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), QStringList{"full"});
@@ -556,7 +555,7 @@ void DevicesTest::findsADeviceThatIsNamedInAnyWay_data()
 {
     QTest::addColumn<QByteArray>("xml");
     const QString text = "<mapper device=\"APCMINI\"/>";
-    const QByteArray wide = QTextCodec::codecForName("UTF-16")->fromUnicode(text);
+    const QByteArray wide = utf16(text);
     QByteArray swapped = wide;
     for (int at = 0; at + 1 < swapped.size(); at += 2)
         std::swap(swapped.data()[at], swapped.data()[at + 1]);

@@ -13,6 +13,7 @@
 #include <QtTest>
 
 #include <initializer_list>
+#include <utility>
 
 using namespace controller;
 
@@ -1082,7 +1083,7 @@ void MapperWriterTest::exportsTheSameFileAgain()
         mapping = withSwitch(mapping, key.value(Key::row()).toInt(), key.value(Key::col()).toInt());
     }
     QSet<QPair<QString, QString>> lossy; // cells where a Live Button costs the factory's LED action
-    for (const Record& key : qAsConst(mapping.keys)) {
+    for (const Record& key : std::as_const(mapping.keys)) {
         if (!keepsLedAction(key))
             lossy.insert({key.value(Key::row()), key.value(Key::col())});
     }

@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QHeaderView>
-#include <QHoverEvent>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTableView>
 #include <QtTest>
@@ -406,8 +406,9 @@ void MydelegateTest::showsHoverAndSelectionInAView()
     QCOMPARE(background(3, 3), black);
 
     const QPoint over = view.visualRect(model->index(3, 3)).center();
-    QHoverEvent hover(QEvent::HoverMove, over, QPoint(-1, -1));
-    QApplication::sendEvent(view.viewport(), &hover);
+    QMouseEvent move(QEvent::MouseMove, over, view.viewport()->mapToGlobal(over), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &move);
     QCOMPARE(background(3, 3), hovered);
     QCOMPARE(background(3, 4), black);
 

@@ -124,8 +124,8 @@ QString ledback(const Mapping& mapping) { return removeos2l(written(mapping).val
 /// Whether \a action has a condition, and every alternative stands behind one.
 bool conditional(const QString& action)
 {
-    const int alternative = action.indexOf(" : ");
-    const int condition = action.indexOf(" ? ");
+    const auto alternative = action.indexOf(" : ");
+    const auto condition = action.indexOf(" ? ");
     return condition >= 0 && condition < alternative;
 }
 
@@ -530,7 +530,7 @@ void Os2lActionTest::cutsALedActionWhoseAlternativeComesFirstBehindALiveButton()
     int tested = 0;
     for (int i = 0; i < 3000; ++i) {
         const QString ledaction = actions.soup();
-        const int alternative = ledaction.indexOf(" : ");
+        const auto alternative = ledaction.indexOf(" : ");
         if (alternative < 0 || conditional(ledaction))
             continue;
         ++tested;

@@ -103,7 +103,7 @@ private:
     void choosedevice(const Device& device)
     {
         if (device.number > 1)
-            m_user->chooseitem("devicescombo", device.number, devices.size());
+            m_user->chooseitem("devicescombo", device.number, static_cast<int>(devices.size()));
         // The simple mapping comes first, the factory's second; the user has no other yet.
         m_user->chooseitem("mididevices", 2, 2);
     }

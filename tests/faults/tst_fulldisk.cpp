@@ -6,6 +6,8 @@
 #include "smalldisk.h"
 #include "testmain.h"
 
+#include <utility>
+
 namespace {
 
 constexpr qint64 page = 4096; ///< what a disk in memory gives out
@@ -54,10 +56,11 @@ void FullDiskTest::keepsAWholeFileWhereverTheDiskIsFull()
     const Session session(*testhome, Write(kind));
     const auto [before, after] = versions(session, earlier);
     QVERIFY(before != after && after.size() > 1000);
-    QList<int> sizes{after.size() - 1, after.size()};
-    for (int size = 0; size < after.size(); size += 1021)
+    const int whole = static_cast<int>(after.size());
+    QList<int> sizes{whole - 1, whole};
+    for (int size = 0; size < whole; size += 1021)
         sizes.append(size);
-    for (const int size : qAsConst(sizes)) {
+    for (const int size : std::as_const(sizes)) {
         putback(session, earlier, before);
         QString said;
         {

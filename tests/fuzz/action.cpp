@@ -35,8 +35,8 @@ QString literally(const QString& action)
     if (!escaped(action).startsWith("var &apos;$os2l&apos;"))
         return action;
     QString s = dropfirst(action, " ? ");
-    int c = s.indexOf(" : ");
-    int q = s.indexOf(" ? ");
+    auto c = s.indexOf(" : ");
+    auto q = s.indexOf(" ? ");
     if (q > 0 && q < c) {
         do {
             c = s.indexOf(" : ");

@@ -17,7 +17,7 @@ QList<XmlElement> elementsbelow(const QDomNode& node)
         const QDomNamedNodeMap attributes = next.attributes();
         Record record;
         for (int i = 0; i < attributes.count(); ++i)
-            record.insert(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
+            record.insert(attributes.item(i).nodeName(), withcontrols(attributes.item(i).nodeValue()));
         if (next.isElement())
             elements.append({next.nodeName(), record});
         for (QDomNode child = next.lastChild(); !child.isNull(); child = child.previousSibling())
@@ -46,7 +46,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0; // refused, or none of the elements is there
 
     QDomDocument document;
-    const bool wellformed = document.setContent(xml);
+    // Of the bare file the stricter DOM loses tabs and line breaks in values, and it ends at control
+    // characters.
+    const bool wellformed =
+        QT_VERSION_MAJOR < 6 ? document.setContent(xml) : document.setContent(safexml(xml).text);
     QList<XmlElement> expected;
     const auto all = elementsbelow(document);
     for (const XmlElement& element : all)

@@ -43,7 +43,8 @@ Record groupof(QSettings* settings, const QString& group, Record record)
 Record buttonof(QSettings* settings, const QString& group, int page, int id)
 {
     Record button = groupof(settings, group, {{Key::pageId(), QString::number(page)}, {Key::check(), "0"}});
-    const QString hexadecimal = QString::number(button.value(Key::color()).toInt(), 16).toUpper();
+    const QString hexadecimal =
+        QString::number(static_cast<qulonglong>(button.value(Key::color()).toInt()), 16).toUpper();
     button[Key::color()] = show::getcolor(button.contains(Key::color()) ? hexadecimal : QString());
     button[Key::buttonId()] = QString::number(id);
     return button;
@@ -63,8 +64,8 @@ show::LightShow literally(const QString& path)
         const Record record = show.pages.at(page);
         const QString prefix = "page" + record.value(Key::pageId()) + "_button";
         for (int button = 1; button <= record.value(Key::buttonCount()).toInt(); ++button)
-            show.buttons.append(
-                buttonof(&settings, prefix + QString::number(button), page, show.buttons.size()));
+            show.buttons.append(buttonof(&settings, prefix + QString::number(button), page,
+                                         static_cast<int>(show.buttons.size())));
     }
     return show;
 }

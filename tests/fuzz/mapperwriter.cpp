@@ -82,7 +82,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
 
     QXmlStreamReader xml(written);
-    Fuzz::require(xml.readNextStartElement() && xml.name() == "mapper", "the file is a mapping");
+    Fuzz::require(xml.readNextStartElement() && xml.name() == QLatin1String("mapper"),
+                  "the file is a mapping");
     for (const Record& key : mapping.keys) {
         Fuzz::require(xml.readNextStartElement() &&
                           xml.attributes().value("value") == key.value(Key::value()),

@@ -6,6 +6,8 @@
 
 #include <QXmlStreamReader>
 
+#include <utility>
+
 namespace {
 
 padspage::PadsPage pageof(const QStringList& lines)
@@ -57,18 +59,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
 
     QVector<int> banks;
-    for (int row = 0; row < qMin(64, page.pads.size()); ++row)
-        for (int column = 0; column < qMin(2, page.pads.at(row).size()); ++column)
+    for (int row = 0; row < 64 && row < page.pads.size(); ++row)
+        for (int column = 0; column < 2 && column < page.pads.at(row).size(); ++column)
             if (page.pads.at(row).at(column).pageNr > 0 && !banks.contains(row / 8))
                 banks.append(row / 8);
     QXmlStreamReader xml(text);
-    Fuzz::require(xml.readNextStartElement() && xml.name() == "page", "the file is a page");
+    Fuzz::require(xml.readNextStartElement() && xml.name() == QLatin1String("page"), "the file is a page");
     Fuzz::require(xml.attributes().value("name") == page.name, "the page has its name");
     for (int pad = 0; pad < padcount; ++pad) {
         Fuzz::require(xml.readNextStartElement() && xml.name() == "pad" + QString::number(pad + 1),
                       "the pads come in order");
         QVector<padspage::PadsPagePad> pads;
-        for (const int bank : qAsConst(banks))
+        for (const int bank : std::as_const(banks))
             pads.append(page.pads.value(bank * 8 + pad % 8).value(pad / 8));
         const QXmlStreamAttributes attributes = xml.attributes();
         const QString name = attributes.value("name").toString();
@@ -78,7 +80,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                      "color 'transparent'");
         comparechain(xml.readElementText(), pads, "os2l_button", &padspage::PadsPagePad::button, "nothing");
     }
-    Fuzz::require(xml.readNextStartElement() && xml.name() == "param1", "the parameter comes last");
+    Fuzz::require(xml.readNextStartElement() && xml.name() == QLatin1String("param1"),
+                  "the parameter comes last");
     xml.skipCurrentElement();
     Fuzz::require(!xml.readNextStartElement() && !xml.hasError(), "the file is whole");
     return 0;

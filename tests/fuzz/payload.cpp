@@ -91,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QModelIndex cell = grid.index(data[0] % Grid::Lines, data[0] / Grid::Lines % Grid::Lines);
     const QModelIndex moved = grid.index(9, 9);
     dropandmove(&grid, payload, cell, moved);
-    const int marks = moved.data(Qt::ToolTipRole).toString().count('<');
+    const auto marks = moved.data(Qt::ToolTipRole).toString().count('<');
     grid.setData(moved, "name", Qt::EditRole);
     Fuzz::require(moved.data(Qt::ToolTipRole).toString().count('<') == marks, "a name is never markup");
     return 0;

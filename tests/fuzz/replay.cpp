@@ -7,6 +7,8 @@
 
 #include <sys/resource.h>
 
+#include <utility>
+
 namespace {
 
 /// What reading one input may take of memory. Programs under a sanitizer keep freed memory and are not held
@@ -59,7 +61,7 @@ int main(int argc, char* argv[])
     for (int i = 1; i < argc; ++i)
         files += filesof(QFile::decodeName(argv[i]));
     Fuzz::require(!files.isEmpty(), "there are inputs");
-    for (const QString& file : qAsConst(files))
+    for (const QString& file : std::as_const(files))
         replay(file);
     return 0;
 }

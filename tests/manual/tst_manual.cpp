@@ -99,7 +99,7 @@ void ManualTest::listsEveryChapterInItsOutline()
 {
     QCOMPARE(chapters().size(), 11);
     QStringList titles;
-    for (const Entry& entry : qAsConst(m_outline))
+    for (const Entry& entry : std::as_const(m_outline))
         titles.append(entry.title);
     QCOMPARE(titles, chapters());
 }

@@ -2,6 +2,7 @@
 #include "project.h"
 
 #include "itemroles.h"
+#include "toolkit.h"
 
 #include <QColor>
 #include <QElapsedTimer>
@@ -597,7 +598,7 @@ void ProjectTest::readsEveryTruncation()
 {
     const QByteArray text = golden("midi.os2l");
     const Project whole = midi();
-    int keys = 0;
+    Size keys = 0;
     for (int size = 0; size <= text.size(); size += size < 600 ? 1 : 97) {
         const Project read = readproject(text.left(size));
         // What was read is never less than before, and is a beginning of the whole.

@@ -338,7 +338,7 @@ void RunTest::saysWhatIsMissingToInstall()
     const Checkout checkout;
     checkout.standin("id", "echo 1000\n");
     checkout.standin("dpkg-query", "[[ $* == *cmake ]] || echo 'installed '\n");
-    for (const QString& tool : qAsConst(missing))
+    for (const QString& tool : std::as_const(missing))
         checkout.without(tool);
     const Outcome outcome = checkout.run();
     QCOMPARE(outcome.code, 1);

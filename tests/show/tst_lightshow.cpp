@@ -1,5 +1,6 @@
 #include "lightshow.h"
 #include "testrecords.h"
+#include "toolkit.h"
 
 #include <QDir>
 #include <QFile>
@@ -713,7 +714,7 @@ void TestLightShow::mutatedFilesGiveSoundRecords()
         QByteArray content = whole;
         const int changes = random.bounded(1, 9);
         for (int change = 0; change < changes; ++change) {
-            const int at = random.bounded(content.size() + 1);
+            const int at = random.bounded(static_cast<int>(content.size()) + 1);
             switch (random.bounded(6)) {
             case 0:
                 content.truncate(at);
@@ -722,7 +723,8 @@ void TestLightShow::mutatedFilesGiveSoundRecords()
                 content.remove(at, random.bounded(1, 20));
                 break;
             case 2:
-                content.insert(at, content.mid(random.bounded(content.size() + 1), random.bounded(1, 40)));
+                content.insert(at, content.mid(random.bounded(static_cast<int>(content.size()) + 1),
+                                               random.bounded(1, 40)));
                 break;
             case 3:
                 content.insert(at, static_cast<char>(random.bounded(256)));
@@ -924,14 +926,14 @@ void TestLightShow::pagesThatShareTheirButtonsAreReadUpToABound()
     const LightShow show = read(text);
     QCOMPARE(damage(show), QString());
     QCOMPARE(show.buttons.value(0).size(), 3000 + 4);
-    int values = 0;
+    Size values = 0;
     for (const Record& button : show.buttons)
         values += button.size() - 4;
     QVERIFY(values > maxShowValues - 10000 && values <= maxShowValues);
 
     // The same with few values, but long ones. An "@" makes every copy one of its own.
     text.replace("k1=v", "title=" + QByteArray(1000000, '@'));
-    int characters = 0;
+    Size characters = 0;
     const QList<Record> copies = read(text).buttons;
     for (const Record& button : copies)
         characters += button.value("title").size();

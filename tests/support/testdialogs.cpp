@@ -151,6 +151,6 @@ Dialogs::~Dialogs()
     DialogWatch::answers().clear();
 }
 
-int Dialogs::count() const { return DialogWatch::shown().size(); }
+int Dialogs::count() const { return static_cast<int>(DialogWatch::shown().size()); }
 
 ShownDialog Dialogs::at(int index) const { return DialogWatch::shown().value(index); }

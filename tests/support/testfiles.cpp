@@ -16,6 +16,17 @@ void writefile(const QString& path, const QByteArray& bytes)
         qFatal("Cannot write a file of the test");
 }
 
+QByteArray utf16(const QString& text)
+{
+    QByteArray bytes;
+    const QString marked = QChar(QChar::ByteOrderMark) + text;
+    for (const QChar sign : marked) {
+        bytes += static_cast<char>(sign.cell());
+        bytes += static_cast<char>(sign.row());
+    }
+    return bytes;
+}
+
 QString firstDifference(const QByteArray& actual, const QByteArray& expected)
 {
     if (actual == expected)

@@ -10,6 +10,9 @@ QByteArray contents(const QString& path);
 /// Replaces the file by \a bytes; ends the test program when that fails.
 void writefile(const QString& path, const QByteArray& bytes);
 
+/// The bytes of \a text in UTF-16, behind a byte order mark.
+QByteArray utf16(const QString& text);
+
 /// Where two files part, for the message of a failed test: the number of the first line that differs and the
 /// line in both; empty for equal files. Of a long line only the part around the difference is shown, as Qt
 /// Test cuts long messages.

@@ -5,6 +5,7 @@
 #include <QXmlStreamReader>
 
 #include <functional>
+#include <utility>
 
 namespace VirtualDj {
 
@@ -150,7 +151,7 @@ Device readdevice(const QString& path)
     }
     if (xml.hasError())
         qFatal("The layout %s cannot be read", qPrintable(path));
-    for (const QList<Control>& kind : qAsConst(controls))
+    for (const QList<Control>& kind : std::as_const(controls))
         device.controls += kind;
     return device;
 }

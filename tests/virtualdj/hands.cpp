@@ -49,7 +49,7 @@ Hands::Hands(const TestHome& home, QList<LiveButton> buttons)
       m_cells(m_window.child<QTableView>("tablecontroller"))
 {
     TestPage live{QStringLiteral("Stage"), {}};
-    for (const LiveButton& button : qAsConst(m_buttons))
+    for (const LiveButton& button : std::as_const(m_buttons))
         live.buttons.append({initext(button.name), button.color.mid(1).toInt(nullptr, 16)});
     const QString show = writeshow(home, QStringLiteral("Stage"), {live});
     {

@@ -38,7 +38,7 @@ bool States::next()
 
 int States::choose(const QString& of, const QVector<int>& values)
 {
-    for (const Choice& choice : qAsConst(m_choices)) {
+    for (const Choice& choice : std::as_const(m_choices)) {
         if (choice.of == of)
             return choice.values.at(choice.at);
     }
@@ -242,7 +242,7 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, De
     }
     if (!aside.isEmpty())
         complain(where + QStringLiteral(": texts and colours do ") + describe(aside));
-    for (const QString& what : qAsConst(desk->asked)) {
+    for (const QString& what : std::as_const(desk->asked)) {
         if (what != bankVariable)
             complain(where + QStringLiteral(": asks for ") + what);
     }
@@ -253,7 +253,7 @@ void Judge::bankof(const PadsPageFile& file, const PageWork& work, int index, De
 void Judge::turns(const PadsPageFile& file, const PageWork& work)
 {
     const QList<int> used = work.usedbanks();
-    const int count = used.size();
+    const int count = static_cast<int>(used.size());
     const Chain& parameter = script(QStringLiteral("the parameter"), file.parameters.value(1).action).chain;
     Desk desk;
     const auto turn = [&](int direction, int from, int to) {
@@ -312,7 +312,7 @@ void Judge::mapping(const QByteArray& bytes, const MappingWork& work)
         if (!names.contains(action.key()))
             complain(action.key() + QStringLiteral(" is no control of the device"));
     }
-    for (const QString& name : qAsConst(names)) {
+    for (const QString& name : std::as_const(names)) {
         if (!file.actions.contains(name))
             complain(name + QStringLiteral(" is missing"));
     }

@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <utility>
+
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
@@ -18,7 +20,7 @@ int main(int argc, char* argv[])
                VirtualDj::readexpectation(VirtualDj::bytesof(arguments.at(2)), QStringLiteral(LAYOUTS_DIR),
                                           QFileInfo(arguments.at(2)).absolutePath()));
     QTextStream out(stdout);
-    for (const QString& complaint : qAsConst(judge.complaints))
+    for (const QString& complaint : std::as_const(judge.complaints))
         out << complaint << '\n';
     out << judge.summary() << '\n';
     return judge.complaints.isEmpty() ? 0 : 1;

@@ -42,14 +42,14 @@ bool isquote(QChar character) { return character == QLatin1Char('\'') || charact
 std::vector<Token> tokens(const QString& text)
 {
     std::vector<Token> list;
-    int at = 0;
+    decltype(text.size()) at = 0;
     while (at < text.size()) {
         const QChar first = text.at(at);
         if (first.isSpace()) {
             ++at;
         } else if (isquote(first)) {
-            const int close = text.indexOf(first, at + 1);
-            const int end = close < 0 ? text.size() : close;
+            const auto close = text.indexOf(first, at + 1);
+            const auto end = close < 0 ? text.size() : close;
             list.push_back({Sign::Quoted, text.mid(at + 1, end - at - 1)});
             at = end + 1;
         } else if (separator(first) != Sign::Word) {
@@ -57,7 +57,7 @@ std::vector<Token> tokens(const QString& text)
             list.push_back({twice ? Sign::AndAnd : separator(first), QString()});
             at += twice ? 2 : 1;
         } else {
-            const int begin = at;
+            const auto begin = at;
             while (at < text.size() && !text.at(at).isSpace() && !isquote(text.at(at)) &&
                    separator(text.at(at)) == Sign::Word)
                 ++at;

@@ -10,6 +10,8 @@
 #include <QTextTable>
 #include <QtTest>
 
+#include <utility>
+
 using VirtualDj::Place;
 
 namespace {
@@ -91,7 +93,7 @@ QMap<QString, QStringList> inmanual()
     manual.setHtml(QString::fromUtf8(contents(QStringLiteral(DOCS_DIR "/manual/manual.html"))));
     QMap<QString, QStringList> rows;
     QList<QTextFrame*> frames = manual.rootFrame()->childFrames();
-    for (QTextFrame* frame : qAsConst(frames)) {
+    for (QTextFrame* frame : std::as_const(frames)) {
         auto* table = qobject_cast<QTextTable*>(frame);
         const auto text = [table](int row, int column) {
             const QTextTableCell cell = table->cellAt(row, column);
@@ -322,9 +324,9 @@ void NamesTest::recordsWhatReachesTheLightShow()
     VirtualDj::FactoryActions factory;
     {
         Hands hands(home, buttonsof(m_documented));
-        for (const Row& row : qAsConst(m_documented)) {
+        for (const Row& row : std::as_const(m_documented)) {
             observed.append({row.sign, row.name, {}});
-            const int button = observed.size();
+            const int button = static_cast<int>(observed.size());
             hands.cleanpads();
             hands.droponpad(button, 0, 0);
             hands.droponpad(0, 1, 0);
@@ -373,7 +375,7 @@ void NamesTest::recordsWhatReachesTheLightShow()
 void NamesTest::manualTellsTheSame()
 {
     QMap<QString, QStringList> words;
-    for (const Row& row : qAsConst(m_documented)) {
+    for (const Row& row : std::as_const(m_documented)) {
         const QStringList told = inwords(row);
         QVERIFY2(words.value(row.sign, told) == told, qPrintable(row.sign + " has rows that differ"));
         words.insert(row.sign, told);

@@ -34,7 +34,7 @@ public:
     template<class T>
     T one(const QList<T>& all)
     {
-        return all.at(below(all.size()));
+        return all.at(below(static_cast<int>(all.size())));
     }
     /// One to \a most of \a all.
     template<class T>
@@ -222,7 +222,7 @@ bool RandomTest::judged(const QString& what)
 void RandomTest::workonpads(Hands* hands)
 {
     hands->choosesixteen(m_dice.chance(50));
-    const int buttons = plainnames().size() + separatornames().size();
+    const int buttons = static_cast<int>(plainnames().size() + separatornames().size());
     const QList<int> banks = m_dice.some(QList<int>{0, 1, 2, 3, 4, 5, 6, 7}, 8);
     for (int drops = 1 + m_dice.below(30); drops > 0; --drops) {
         const int bank = m_dice.one(banks);
@@ -278,7 +278,7 @@ void RandomTest::pagesDoWhatWasDropped()
 /// Fills cells of the controller, then moves, swaps, removes, colours, blinks and switches.
 void RandomTest::workoncells(Hands* hands, bool separators)
 {
-    const int buttons = plainnames().size() + (separators ? separatornames().size() : 0);
+    const int buttons = static_cast<int>(plainnames().size() + (separators ? separatornames().size() : 0));
     for (int drops = 1 + m_dice.below(25); drops > 0; --drops)
         hands->droponcell(m_dice.below(buttons), m_dice.one(hands->usablecells()));
     // The side buttons, and the two special cells of the two-colour Launchpads, more often than chance would.
@@ -319,7 +319,7 @@ void RandomTest::colorcells(Hands* hands)
     else if (hands->midi.device.fullRgb)
         hands->colorcells(places, on, m_dice.chance(80) ? m_dice.color() : QColor());
     else
-        hands->colorcells(places, on, m_dice.below(hands->midi.device.colors.size() + 1));
+        hands->colorcells(places, on, m_dice.below(static_cast<int>(hands->midi.device.colors.size()) + 1));
 }
 
 /// Chooses what the export builds on: at first nothing, the factory's or an own mapping, then the last
@@ -368,7 +368,7 @@ void RandomTest::mappingsDoWhatWasDroppedThroughThreeGenerations()
                 hands.cleancells();
             hands.choosedevice(chain.device);
             chooseorigin(&hands, &chain);
-            const int colors = hands.midi.device.colors.size();
+            const int colors = static_cast<int>(hands.midi.device.colors.size());
             hands.choosedefaults(m_dice.below(colors), m_dice.below(colors));
             workoncells(&hands, generation == generations);
             hands.namepage(QStringLiteral("Chain %1 %2").arg(number).arg(generation));

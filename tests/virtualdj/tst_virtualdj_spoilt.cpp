@@ -5,6 +5,8 @@
 #include <QTextStream>
 #include <QtTest>
 
+#include <utility>
+
 using VirtualDj::Expectation;
 using VirtualDj::Judge;
 
@@ -232,7 +234,7 @@ private:
     }
 
     Judge m_judge;
-    int m_spoilt = 0;
+    decltype(QStringList().size()) m_spoilt = 0;
 };
 
 void SpoiltTest::noticesWhateverIsWrong_data()
@@ -275,7 +277,7 @@ void SpoiltTest::noticesWhateverIsWrong()
     }
     QStringList wrong;
     int equivalent = 0;
-    for (const Spoilt& spoilt : qAsConst(all)) {
+    for (const Spoilt& spoilt : std::as_const(all)) {
         const bool same = isequivalent(spoilt.how);
         equivalent += same ? 1 : 0;
         if (complaints(spoilt.text, expected).isEmpty() != same)

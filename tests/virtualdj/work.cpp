@@ -107,7 +107,7 @@ namespace {
 /// A factory light that the next export finds again behind that of a Live Button: one that chooses.
 bool chooses(const QString& light)
 {
-    const int question = light.indexOf(QLatin1String(" ? "));
+    const auto question = light.indexOf(QLatin1String(" ? "));
     return question >= 0 && light.indexOf(QLatin1String(" : ")) > question;
 }
 

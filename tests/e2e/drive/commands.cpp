@@ -20,7 +20,7 @@ class Words
 public:
     explicit Words(const QStringList& words) : m_words(words) {}
 
-    int count() const { return m_words.size(); }
+    int count() const { return static_cast<int>(m_words.size()); }
     const QStringList& all() const { return m_words; }
     /// Word \a at, the first for 0.
     QString text(int at) const { return m_words.at(at); }
@@ -175,7 +175,7 @@ void carryout(User& user, const QString& line)
                                       [&](const Command& known) { return known.name == name; });
     if (command == commands().end())
         throw Trouble(QStringLiteral("There is no command \"%1\".").arg(name));
-    if (!command->takes(words.size()))
+    if (!command->takes(static_cast<int>(words.size())))
         throw Trouble(QStringLiteral("The words do not fit: %1 %2.").arg(name, command->usage));
     command->run(user, Words(words));
 }

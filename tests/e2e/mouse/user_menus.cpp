@@ -8,9 +8,10 @@ namespace {
 /// Where the entry is in a menu with this geometry and these entries ("-" for a separator).
 QRect entryrect(const QRect& menu, const QStringList& entries, const QString& entry)
 {
-    const int separators = entries.count(QStringLiteral("-"));
-    const int height = (menu.height() - 2 * Look::menuFrame - separators * Look::menuSeparator) /
-                       (entries.size() - separators);
+    const int all = static_cast<int>(entries.size());
+    const int separators = static_cast<int>(entries.count(QStringLiteral("-")));
+    const int height =
+        (menu.height() - 2 * Look::menuFrame - separators * Look::menuSeparator) / (all - separators);
     int top = menu.top() + Look::menuFrame;
     for (int i = 0; i < entries.indexOf(entry); ++i)
         top += entries.at(i) == QLatin1String("-") ? Look::menuSeparator : height;
