@@ -77,7 +77,9 @@ void MainWindow::fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)
     menu->addAction(choice(tr("default"), own.isEmpty()), this, entry(0));
     menu->addSeparator();
     if (controller::ledcolors(device) != controller::LedColors::Palette) {
-        menu->addAction(swatch(own), tr("Select ..."), this, ask);
+        // The box has an event loop of its own, in which the menu goes away: not while the menu still works.
+        menu->addAction(swatch(own), tr("Select ..."), this,
+                        [this, ask] { QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection); });
         return;
     }
     const QStringList colors = controller::palette(device);
