@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <utility>
+
 namespace {
 
 /// What \a program prints about the manual.

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QTest>
 
+#include <utility>
+
 /// Skips the rest of a test on a machine that lets nobody mount; true when it does not.
 #define NEEDS_MOUNTS(checkout)                                                                               \
     if ((checkout).run(onlyreadable({"uname"})).code != 0) {                                                 \
