@@ -20,7 +20,7 @@ public:
     Pair()
     {
         for (const QString& name : {layoutname, mappingname}) {
-            if (!QFile::copy(QStringLiteral(TEST_DATA_DIR "/eighth/") + name, path(name)))
+            if (!QFile::copy(QStringLiteral(TEST_DATA_DIR "/eighth/mappings/Mappings/") + name, path(name)))
                 qFatal("The test's own folder cannot be written.");
         }
     }

@@ -1,7 +1,10 @@
 // The user at line edits, combo boxes and the choice of the output.
 
+#include "devices.h"
 #include "look.h"
 #include "user.h"
+
+#include <algorithm>
 
 void User::filledit(const QString& edit, const QString& text)
 {
@@ -30,6 +33,18 @@ void User::chooseitem(const QString& combo, int number, int count)
     pointer().click({list.left() + list.width() / 4, middle});
     awaitgone(popup, QStringLiteral("The list of %1").arg(combo));
     settle();
+}
+
+void User::choosedevice(const QString& name)
+{
+    const auto devices = controller::readdefaultmappers(QStringLiteral(LUMIPAD_DEVICES)).devices;
+    const auto device = std::find_if(devices.cbegin(), devices.cend(), [&name](const Record& candidate) {
+        return candidate.value(Key::name()) == name;
+    });
+    if (device == devices.cend())
+        giveup(QStringLiteral("There is no controller %1.").arg(name));
+    chooseitem(QStringLiteral("devicescombo"), static_cast<int>(device - devices.cbegin()) + 1,
+               static_cast<int>(devices.size()));
 }
 
 void User::choosebykeys(const QString& combo, int number)
