@@ -24,16 +24,6 @@ function(lumipad_room name)
     target_link_libraries(lumipad_${name} PUBLIC ${ROOM_LINKS} PRIVATE lumipad_flags)
 endfunction()
 
-# lumipad_eighth(<name> <targets>): the program <name>_eighth, which is the program <name> with one more controller among
-# the resources; the targets are what <name> is linked with.
-function(lumipad_eighth name)
-    # The objects as they are: only the resources differ. They come first, so the linker takes no others out of the
-    # window's library.
-    list(REMOVE_ITEM ARGN lumipad_resources)
-    add_executable(${name}_eighth $<TARGET_OBJECTS:${name}>)
-    target_link_libraries(${name}_eighth PRIVATE lumipad_eighth_resources ${ARGN})
-endfunction()
-
 # lumipad_test(<name> [EIGHTH] SOURCES <files> LINKS <targets>): one Qt Test program, run without a display. What all
 # tests share in tests/support is linked; the helpers for the window come with LINKS lumipad_testwindow.
 # EIGHTH: the same program runs a second time, with one more controller among the resources.
@@ -46,7 +36,11 @@ function(lumipad_test name)
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     set(programs ${name})
     if(T_EIGHTH)
-        lumipad_eighth(${name} ${T_LINKS} lumipad_testsupport)
+        # The objects of the test as they are: only the resources differ. They come first, so the linker takes no
+        # others out of the window's library.
+        list(REMOVE_ITEM T_LINKS lumipad_resources)
+        add_executable(${name}_eighth $<TARGET_OBJECTS:${name}>)
+        target_link_libraries(${name}_eighth PRIVATE lumipad_eighth_resources ${T_LINKS} lumipad_testsupport)
         list(APPEND programs ${name}_eighth)
     endif()
     foreach(program ${programs})

@@ -221,8 +221,8 @@ int PlainIni::addescape(int at, int to)
         return digits;
     }
     const int end = behindescapedsign(at);
-    // A sign that means nothing is passed over.
-    m_result += isascii(sign) ? m_bytes.mid(at, end - at) : QByteArrayLiteral("\\z");
+    // A sign that means nothing is passed over. A line end would become one with the end of our line.
+    m_result += isascii(sign) && !islineend(sign) ? m_bytes.mid(at, end - at) : QByteArrayLiteral("\\z");
     return end;
 }
 

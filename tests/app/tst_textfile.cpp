@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "fulldisk.h"
 #include "testfiles.h"
 #include "textfile.h"
@@ -86,6 +87,7 @@ private slots:
     void keepsTheFileInAClosedFolderWhenItMayNotGrow();
     void keepsTheFileInAClosedFolderOnAFullDisk();
     void keepsTheFileOnAFullDisk();
+    void leavesAFileThatIsTooLargeToBePutBack();
     void leavesAPipeAlone();
 
 private:
@@ -211,6 +213,18 @@ void TextFileTest::keepsTheFileOnAFullDisk()
     QVERIFY(!writetextfile(path(), QString(100000, 'n')));
     QCOMPARE(contents(path()), QByteArray(5000, 'o'));
     QCOMPARE(files(), QStringList("file"));
+}
+
+void TextFileTest::leavesAFileThatIsTooLargeToBePutBack()
+{
+    for (const bool toolarge : {false, true}) {
+        const int size = maxKeptFile + (toolarge ? 1 : 0);
+        writefile(path(), "earlier file");
+        QVERIFY(QFile::resize(path(), size)); // its zeros take no room on the disk
+        const ClosedFolder closed(m_folder->path());
+        QCOMPARE(writetextfile(path(), "text"), !toolarge);
+        QCOMPARE(QFileInfo(path()).size(), toolarge ? size : 4);
+    }
 }
 
 void TextFileTest::leavesAPipeAlone()

@@ -145,6 +145,7 @@ private slots:
     void findsADeviceThatIsNamedInAnyWay_data();
     void findsADeviceThatIsNamedInAnyWay();
     void readsTheFolderUpToABoundInSum();
+    void countsEveryFileAsAPieceOfTheFolder();
     void countsWhatItReadsOfFilesThatTellNoSize();
     void isReadySoonWithAFolderFullOfLargeFiles();
 
@@ -585,6 +586,19 @@ void DevicesTest::readsTheFolderUpToABoundInSum()
     folder.put("zsmall.xml", mapper("APCMINI"));
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"),
              (QStringList{"large0", "large1", "small", "zsmall"}));
+}
+
+void DevicesTest::countsEveryFileAsAPieceOfTheFolder()
+{
+    const Folder folder;
+    const int fitting = maxMappersScan / minMapperScan;
+    QStringList names;
+    for (int n = 0; n <= fitting; ++n) {
+        names.append(QString::number(100000 + n));
+        folder.put(names.constLast() + ".xml", mapper("APCMINI"));
+    }
+    names.removeLast();
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), names);
 }
 
 void DevicesTest::countsWhatItReadsOfFilesThatTellNoSize()

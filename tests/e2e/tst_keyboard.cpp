@@ -141,8 +141,11 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         user.keys("Right");
         user.keys("Shift+Tab");
         user.keys("Return", 2);
+        user.keys("Tab", 2);
+        const QString device = "Akai APC Mini";
+        user.keys("Down", user.devicenumber(device) - 1);
         // The factory's mapping is the second one.
-        user.keys("Tab", 3);
+        user.keys("Tab");
         user.keys("Down");
         user.keys("Tab", 4);
         // The second pad is current. The menu of the first: its colour while the Live Button is on, red, and
@@ -171,7 +174,7 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         user.awaitmenusgone();
         user.keys("Ctrl+Shift+E");
         user.answer("Return");
-        const QByteArray mapping = contents(user.home().mapper("Akai APC Mini", "OS2L DMX"));
+        const QByteArray mapping = contents(user.home().mapper(device, "OS2L DMX"));
         user.picture("2-exported");
         for (const QByteArray& line :
              {QByteArray(

@@ -4,7 +4,14 @@
 #include "look.h"
 #include "user.h"
 
-#include <algorithm>
+namespace {
+
+QList<Record> builtindevices()
+{
+    return controller::readdefaultmappers(QStringLiteral(LUMIPAD_DEVICES)).devices;
+}
+
+} // namespace
 
 void User::filledit(const QString& edit, const QString& text)
 {
@@ -35,16 +42,20 @@ void User::chooseitem(const QString& combo, int number, int count)
     settle();
 }
 
+int User::devicenumber(const QString& name)
+{
+    const auto devices = builtindevices();
+    for (int i = 0; i < devices.size(); ++i) {
+        if (devices.at(i).value(Key::name()) == name)
+            return i + 1;
+    }
+    giveup(QStringLiteral("There is no controller %1.").arg(name));
+}
+
 void User::choosedevice(const QString& name)
 {
-    const auto devices = controller::readdefaultmappers(QStringLiteral(LUMIPAD_DEVICES)).devices;
-    const auto device = std::find_if(devices.cbegin(), devices.cend(), [&name](const Record& candidate) {
-        return candidate.value(Key::name()) == name;
-    });
-    if (device == devices.cend())
-        giveup(QStringLiteral("There is no controller %1.").arg(name));
-    chooseitem(QStringLiteral("devicescombo"), static_cast<int>(device - devices.cbegin()) + 1,
-               static_cast<int>(devices.size()));
+    const int count = static_cast<int>(builtindevices().size());
+    chooseitem(QStringLiteral("devicescombo"), devicenumber(name), count);
 }
 
 void User::choosebykeys(const QString& combo, int number)
