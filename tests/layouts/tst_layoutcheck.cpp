@@ -82,7 +82,7 @@ void LayoutCheckTest::saysWhatIsWrong_data()
         "id in small letters", "name=\"AARDVARKGRID\"", "name=\"Aardvark\"",
         ", line 2: \"name\" must be the id by which VirtualDJ's mappings know the device, in capital letters "
         "and digits; it is \"Aardvark\".");
-    layout("no description", " description=\"a made-up device\"", "",
+    layout("no description", "description=", "description=\"\" about=",
            ", line 2: \"description\" is missing; it names the device in a few words.");
     layout("control without a name", "<ignore name=\"WHEEL\"/>", "<ignore/>",
            ", line 79: this ignore has no \"name\".");
