@@ -1,17 +1,19 @@
-# lumipad_resources(<name> <folder>): the library of what is compiled into the program from a folder laid out like
-# resources/: its images, the manual, and every layout and mapping that lies there, so a controller is added by adding
+# lumipad_resources(<name> <folders>): the library of what is compiled into the program from folders laid out like
+# resources/: their images, the manual, and every layout and mapping that lies there, so a controller is added by adding
 # its two files. The resources are found under ":/icons/Images" and ":/mappings/Mappings", and Q_INIT_RESOURCE(lumipad)
 # brings them in. An object library, so that they are compiled once; a static one is made of these objects.
-function(lumipad_resources name folder)
+function(lumipad_resources name)
     set(RESOURCES "")
     foreach(part icons/Images/*.png icons/Images/*.pdf mappings/Mappings/*.xml)
         string(REGEX MATCH "^[a-z]+" prefix ${part})
-        # A new or deleted file is noticed by the next build.
-        file(GLOB files CONFIGURE_DEPENDS ${folder}/${part})
         string(APPEND RESOURCES "    <qresource prefix=\"/${prefix}\">\n")
-        foreach(file ${files})
-            file(RELATIVE_PATH alias ${folder}/${prefix} ${file})
-            string(APPEND RESOURCES "        <file alias=\"${alias}\">${file}</file>\n")
+        foreach(folder ${ARGN})
+            # A new or deleted file is noticed by the next build.
+            file(GLOB files CONFIGURE_DEPENDS ${folder}/${part})
+            foreach(file ${files})
+                file(RELATIVE_PATH alias ${folder}/${prefix} ${file})
+                string(APPEND RESOURCES "        <file alias=\"${alias}\">${file}</file>\n")
+            endforeach()
         endforeach()
         string(APPEND RESOURCES "    </qresource>\n")
     endforeach()

@@ -223,8 +223,8 @@ Size PlainIni::addescape(Size at, Size to)
         return digits;
     }
     const Size end = behindescapedsign(at);
-    // A sign that means nothing is passed over.
-    m_result += isascii(sign) ? m_bytes.mid(at, end - at) : QByteArrayLiteral("\\z");
+    // A sign that means nothing is passed over. A line end would become one with the end of our line.
+    m_result += isascii(sign) && !islineend(sign) ? m_bytes.mid(at, end - at) : QByteArrayLiteral("\\z");
     return end;
 }
 

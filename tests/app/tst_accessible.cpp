@@ -204,7 +204,7 @@ void AccessibleTest::padsTellTheirState()
     QVERIFY(!cell(m_grid, 2, 3)->state().focused);
     QVERIFY(!cell(m_grid, 2, 3)->state().selected);
     QVERIFY(!cell(m_grid, 2, 2)->state().disabled);
-    QVERIFY(cell(m_grid, 0, 2)->state().disabled); // the first device has no buttons at the top
+    QVERIFY(cell(m_grid, 0, 2)->state().disabled); // this device has no buttons at the top
     QVERIFY(!cell(m_list, 0, 0)->state().invisible);
     // Pads of a bank that is not shown, and those that the grid of this output covers.
     QVERIFY(cell(m_pads, 9, 0)->state().invisible);

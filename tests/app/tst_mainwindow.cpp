@@ -221,7 +221,7 @@ void MainWindowTest::startsWithItsFirstValues()
     QCOMPARE(window.windowTitle(), QStringLiteral("Lumipad"));
     QCOMPARE(window.showName, QString());
     QCOMPARE(window.iniPath, QString());
-    QCOMPARE(window.currentDevice, 0);
+    QCOMPARE(window.currentDevice, devicerow("APCMINI")); // which every test window chooses
     QCOMPARE(window.switchPad, (QList<int>{-1, -1}));
     QVERIFY(!window.menuIndex.isValid());
     QVERIFY(window.pages.isEmpty());

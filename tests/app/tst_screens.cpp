@@ -78,6 +78,51 @@ int inklines(const QLabel& label, int more)
     return lines;
 }
 
+/// Whether \a label shows all of its text, or of the picture that it has instead.
+bool iswhole(const QLabel& label)
+{
+    if (label.text().contains(QLatin1String("<img")))
+        return label.sizeHint().width() <= label.width() && label.sizeHint().height() <= label.height();
+    if (label.wordWrap())
+        return label.heightForWidth(label.width()) <= label.height();
+    const QFontMetricsF metrics(label.font(), &label);
+    return metrics.horizontalAdvance(label.text().trimmed()) <= label.width() &&
+           inklines(label, 0) == inklines(label, 10);
+}
+
+/// Every widget of \a window that can be seen, and the window itself.
+QList<QWidget*> seen(QWidget* window)
+{
+    QList<QWidget*> visible{window};
+    const auto all = window->findChildren<QWidget*>();
+    for (QWidget* widget : all) {
+        if (widget->isVisible() && widget->window() == window)
+            visible.append(widget);
+    }
+    return visible;
+}
+
+/// The widgets of \a window that have no room for their text. Adds the number of those with a text to \a
+/// texts.
+QStringList cuttexts(QWidget* window, int* texts)
+{
+    QStringList cut;
+    const auto widgets = seen(window);
+    for (const QWidget* widget : widgets) {
+        const QRect room = roomfortext(widget);
+        const QString text = textof(widget).trimmed();
+        if (room.isEmpty() || text.isEmpty())
+            continue;
+        ++*texts;
+        const QFontMetricsF metrics(widget->font(), widget);
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (label ? !iswhole(*label)
+                  : metrics.horizontalAdvance(text) > room.width() || metrics.height() > room.height())
+            cut.append(widget->objectName() + QLatin1String(": ") + text);
+    }
+    return cut;
+}
+
 /// What the screen shows of \a window, in its own pixels.
 QImage shown(const QWidget& window) { return window.screen()->grabWindow(window.winId()).toImage(); }
 
@@ -97,6 +142,8 @@ private slots:
     void windowFillsThePicture();
     void noTextIsCut_data() { outputs(); }
     void noTextIsCut();
+    void boxesShowAllOfTheirTexts_data();
+    void boxesShowAllOfTheirTexts();
     void nothingReachesOutOfItsParent_data() { outputs(); }
     void nothingReachesOutOfItsParent();
     void viewsShowWholeRows_data() { outputs(); }
@@ -115,8 +162,6 @@ private:
 
     /// Switches to the output of the current row, with a pad of each output filled.
     void prepare();
-    /// Every widget that can be seen, and the window itself.
-    QList<QWidget*> seen() const;
 
     std::unique_ptr<MidiWindow> m_work;
     TestWindow* m_window = nullptr;
@@ -143,17 +188,6 @@ void ScreensTest::prepare()
     if (midi)
         QTest::mouseClick(m_window->child<QRadioButton>("radio_outputmidi"), Qt::LeftButton);
     QCoreApplication::processEvents();
-}
-
-QList<QWidget*> ScreensTest::seen() const
-{
-    QList<QWidget*> visible{m_window};
-    const auto all = m_window->findChildren<QWidget*>();
-    for (QWidget* widget : all) {
-        if (widget->isVisible() && widget->window() == m_window)
-            visible.append(widget);
-    }
-    return visible;
 }
 
 void ScreensTest::theScaleIsHonoured()
@@ -207,28 +241,47 @@ void ScreensTest::noTextIsCut()
 {
     prepare();
     int texts = 0;
-    const auto widgets = seen();
-    for (const QWidget* widget : widgets) {
-        const QRect room = roomfortext(widget);
-        const QString text = textof(widget).trimmed();
-        if (room.isEmpty() || text.isEmpty())
-            continue;
-        ++texts;
-        const QFontMetricsF metrics(widget->font(), widget);
-        QVERIFY2(metrics.horizontalAdvance(text) <= room.width(), qPrintable(widget->objectName()));
-        if (const auto* label = qobject_cast<const QLabel*>(widget))
-            QVERIFY2(inklines(*label, 0) == inklines(*label, 10), qPrintable(label->objectName()));
-        else
-            QVERIFY2(metrics.height() <= room.height(), qPrintable(widget->objectName()));
-    }
+    QCOMPARE(cuttexts(m_window, &texts), QStringList());
     QVERIFY(texts > 12);
+}
+
+void ScreensTest::boxesShowAllOfTheirTexts_data()
+{
+    QTest::addColumn<bool>("about");
+    QTest::addColumn<int>("texts");
+    QTest::newRow("About box") << true << 11;
+    QTest::newRow("message box") << false << 4; // text, question and two answers
+}
+
+void ScreensTest::boxesShowAllOfTheirTexts()
+{
+    QFETCH(const bool, about);
+    QFETCH(const int, texts);
+    m_work->drop(0, m_work->pad(1));
+    const auto look = [texts](QDialog* box) {
+        QVERIFY(QTest::qWaitForWindowExposed(box));
+        int found = 0;
+        QCOMPARE(cuttexts(box, &found), QStringList());
+        QCOMPARE(found, texts);
+        const auto widgets = seen(box);
+        for (const QWidget* widget : widgets) {
+            const QRect place(widget->mapTo(box, QPoint()), widget->size());
+            QVERIFY2(box->rect().contains(place), qPrintable(widget->objectName()));
+        }
+        QTRY_COMPARE(shown(*box).size(), (QSizeF(box->size()) * wantedscale()).toSize());
+    };
+    const Dialogs dialogs({Answers::looking(look, Answers::key(Qt::Key_Escape))});
+    if (about)
+        m_window->child<QAction>("actionAbout")->trigger();
+    else
+        m_window->close();
 }
 
 void ScreensTest::nothingReachesOutOfItsParent()
 {
     prepare();
     int children = 0;
-    const auto widgets = seen();
+    const auto widgets = seen(m_window);
     for (const QWidget* widget : widgets) {
         const QWidget* parent = widget->parentWidget();
         // What the toolkit puts together inside of its widgets has no names.

@@ -1,3 +1,4 @@
+#include "bounds.h"
 #include "fulldisk.h"
 #include "testfiles.h"
 #include "textfile.h"
@@ -100,6 +101,7 @@ private slots:
     void keepsTheFileInAClosedFolderOnAFullDisk();
     void keepsTheFileOnAFullDisk();
     void keepsTheFileWhenTheDiskRefusesItLate();
+    void leavesAFileThatIsTooLargeToBePutBack();
     void leavesAPipeAlone();
 
 private:
@@ -244,6 +246,18 @@ void TextFileTest::keepsTheFileWhenTheDiskRefusesItLate()
     QCOMPARE(contents(path()), QByteArray("earlier file"));
     QCOMPARE(files(), QStringList("file"));
     QVERIFY(writetextfile(path(), QStringLiteral("text")));
+}
+
+void TextFileTest::leavesAFileThatIsTooLargeToBePutBack()
+{
+    for (const bool toolarge : {false, true}) {
+        const int size = maxKeptFile + (toolarge ? 1 : 0);
+        writefile(path(), "earlier file");
+        QVERIFY(QFile::resize(path(), size)); // its zeros take no room on the disk
+        const ClosedFolder closed(m_folder->path());
+        QCOMPARE(writetextfile(path(), "text"), !toolarge);
+        QCOMPARE(QFileInfo(path()).size(), toolarge ? size : 4);
+    }
 }
 
 void TextFileTest::leavesAPipeAlone()

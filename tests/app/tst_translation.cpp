@@ -210,7 +210,7 @@ void TranslationTest::menusHaveNoUntranslatedEntry()
     QVERIFY(midi.window.showready());
     const QStringList palette{"black", "green", "red", "yellow"};
     auto* devices = midi.window.child<QComboBox>("devicescombo");
-    for (int device : {0, 1}) {
+    for (const int device : {devicerow("APCMINI"), devicerow("NLMINIMK3")}) {
         devices->setCurrentIndex(device);
         QMenu* menu = midi.rightclick(midi.grid, midi.cell(2, 2));
         QVERIFY(menu);

@@ -146,6 +146,7 @@ private slots:
     void findsADeviceThatIsNamedInAnyWay();
     void readsTheFolderUpToABoundInSum();
     void countsTheElementsAndAttributesThatItParses();
+    void countsEveryFileAsAPieceOfTheFolder();
     void countsWhatItReadsOfFilesThatTellNoSize();
     void isReadySoonWithAFolderFullOfLargeFiles();
 
@@ -601,6 +602,19 @@ void DevicesTest::countsTheElementsAndAttributesThatItParses()
     folder.put("0 of another device.xml", "<mapper device=\"UNKNOWN\">" + many + "</mapper>");
     QVERIFY(many.size() < maxMappersScan / names.size() / 2);
     QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), names.mid(0, fitting));
+}
+
+void DevicesTest::countsEveryFileAsAPieceOfTheFolder()
+{
+    const Folder folder;
+    const int fitting = maxMappersScan / minMapperScan;
+    QStringList names;
+    for (int n = 0; n <= fitting; ++n) {
+        names.append(QString::number(100000 + n));
+        folder.put(names.constLast() + ".xml", mapper("APCMINI"));
+    }
+    names.removeLast();
+    QCOMPARE(column(readmappers(folder.path(), twodevices()), "name"), names);
 }
 
 void DevicesTest::countsWhatItReadsOfFilesThatTellNoSize()

@@ -8,7 +8,6 @@ namespace {
 struct Device
 {
     QString id;
-    int number;        ///< in the device box
     int palette;       ///< the number of its palette colours; 0 for RGB LEDs
     Cell sidebutton;   ///< one besides the one on the right
     Cell switchbutton; ///< the cell that ends as the switch
@@ -17,13 +16,13 @@ struct Device
 
 // The two-colour Launchpads have two controls on the cell 2, 2, and none on 3, 2.
 const QVector<Device> devices = {
-    {"APCMINI", 1, 4, {11, 2}, {11, 9}, "Akai APC Mini"},
-    {"NLMINIMK3", 2, 0, {0, 2}, {9, 9}, "Novation Launchpad Mini MK3"},
-    {"LAUNCHPADMINI", 3, 16, {0, 2}, {9, 3}, "Novation Launchpad Mini"},
-    {"LAUNCHPAD2", 4, 0, {0, 9}, {9, 11}, "Novation Launchpad MKII"},
-    {"LAUNCHPADPRO", 5, 0, {2, 0}, {11, 9}, "Novation Launchpad PRO"},
-    {"LAUNCHPADS", 6, 16, {0, 9}, {0, 4}, "Novation Launchpad S"},
-    {"LAUNCHPAD", 7, 16, {0, 5}, {3, 2}, "Novation Launchpad"},
+    {"APCMINI", 4, {11, 2}, {11, 9}, "Akai APC Mini"},
+    {"NLMINIMK3", 0, {0, 2}, {9, 9}, "Novation Launchpad Mini MK3"},
+    {"LAUNCHPADMINI", 16, {0, 2}, {9, 3}, "Novation Launchpad Mini"},
+    {"LAUNCHPAD2", 0, {0, 9}, {9, 11}, "Novation Launchpad MKII"},
+    {"LAUNCHPADPRO", 0, {2, 0}, {11, 9}, "Novation Launchpad PRO"},
+    {"LAUNCHPADS", 16, {0, 9}, {0, 4}, "Novation Launchpad S"},
+    {"LAUNCHPAD", 16, {0, 5}, {3, 2}, "Novation Launchpad"},
 };
 
 } // namespace
@@ -55,7 +54,7 @@ private slots:
             // There is one switch at most: the second cell takes it from the first.
             m_user->setswitch({9, 2});
             m_user->setswitch(device.switchbutton);
-            m_user->picturesettled(QStringLiteral("%1-%2").arg(device.number).arg(device.id));
+            m_user->picturesettled(QStringLiteral("%1-%2").arg(row + 1).arg(device.id));
 
             m_user->exportmapper(device.name, "Night");
             const QString golden = QStringLiteral("mapper-%1.xml").arg(device.id.toLower());
@@ -102,8 +101,7 @@ private:
 
     void choosedevice(const Device& device)
     {
-        if (device.number > 1)
-            m_user->chooseitem("devicescombo", device.number, static_cast<int>(devices.size()));
+        m_user->choosedevice(device.name);
         // The simple mapping comes first, the factory's second; the user has no other yet.
         m_user->chooseitem("mididevices", 2, 2);
     }

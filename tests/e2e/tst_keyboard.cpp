@@ -142,8 +142,11 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         user.keys("Right");
         user.keys("Shift+Tab");
         user.keys("Return", 2);
+        user.keys("Tab", 2);
+        const QString device = "Akai APC Mini";
+        user.keys("Down", user.devicenumber(device) - 1);
         // The factory's mapping is the second one.
-        user.keys("Tab", 3);
+        user.keys("Tab");
         user.keys("Down");
         user.keys("Tab", 4);
         // The second pad is current. The menu of the first: its colour while the Live Button is on, red, and

@@ -63,7 +63,7 @@ private:
     static void workoncells(StoryUser& user)
     {
         user.switchto(Output::Midi);
-        user.chooseitem("devicescombo", 6, 7);
+        user.choosedevice(deviceName);
         user.chooseitem("mididevices", 2, 2);
         user.dragtocell(1, {2, 2});
         user.dragtocell(2, {2, 3});

@@ -1,5 +1,7 @@
-// The reader of XML elements: what it reads of a file is what a bare document tree of the toolkit reads.
+// The reader of XML elements: what it reads of a file is what a bare document tree of the toolkit reads, and
+// it refuses no file without a reason.
 
+#include "bounds.h"
 #include "fuzz.h"
 #include "xmlelements.h"
 
@@ -33,17 +35,44 @@ bool same(const QList<XmlElement>& a, const QList<XmlElement>& b)
     });
 }
 
+/// Whether there can be a reason to refuse \a xml as \a refusal says.
+bool hasreason(QByteArray xml, XmlRefusal refusal)
+{
+    const bool ascii = std::all_of(xml.cbegin(), xml.cend(), [](char sign) { return sign > 0; });
+    xml.replace('\0', ""); // of UTF-16 the letters stay
+    switch (refusal) {
+    case XmlRefusal::None:
+        break;
+    case XmlRefusal::Encoding:
+        return !ascii || xml.contains("encoding");
+    case XmlRefusal::Entities:
+        return xml.contains("<!ENTITY");
+    case XmlRefusal::DefaultAttributes:
+        return xml.contains("<!ATTLIST");
+    case XmlRefusal::Nesting:
+        return xml.count('<') + xml.count('(') > maxXmlDepth;
+    case XmlRefusal::Attributes:
+        return xml.count('"') + xml.count('\'') > 2 * maxXmlAttributes;
+    case XmlRefusal::Parts:
+        return xml.size() > maxXmlParts;
+    }
+    return false;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray xml = Fuzz::bytes(data, size);
     const QStringList tags{"project", "key", "mapper", "map", "layout", "pad", "button"};
+    XmlRefusal refusal = XmlRefusal::None;
     const auto whole = Fuzz::intime([&] { return elementsof(xml, tags); });
-    const auto read = Fuzz::intime([&] { return elementsof(xml, tags, Malformed::WhatWasRead); });
-    Fuzz::require(whole.isEmpty() || same(whole, read), "a file without an error is read in one way");
-    if (read.isEmpty())
-        return 0; // refused, or none of the elements is there
+    const auto read = Fuzz::intime([&] { return elementsof(xml, tags, Malformed::WhatWasRead, &refusal); });
+    if (refusal != XmlRefusal::None) {
+        Fuzz::require(whole.isEmpty() && read.isEmpty(), "nothing is read of a refused file");
+        Fuzz::require(hasreason(xml, refusal), "a file is refused for a reason");
+        return 0;
+    }
 
     QDomDocument document;
     // Of the bare file the stricter DOM loses tabs and line breaks in values, and it ends at control
@@ -56,6 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (tags.contains(element.tag))
             expected.append(element);
     Fuzz::require(same(read, expected), "elements are read as a document tree has them");
-    Fuzz::require(wellformed == !whole.isEmpty(), "a file with an error counts as empty");
+    Fuzz::require(same(whole, wellformed ? expected : QList<XmlElement>()),
+                  "a file with an error counts as empty");
     return 0;
 }

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Fuzz::InputFile file(text);
     static const QList<Record> devices =
         controller::readdefaultmappers(QStringLiteral(":/mappings/Mappings")).devices;
-    Fuzz::require(devices.size() == 7, "the devices are there");
+    Fuzz::require(!devices.isEmpty(), "the devices are there");
     const auto mappers =
         Fuzz::intime([&] { return controller::readmappers(Fuzz::InputFile::folder(), devices); });
     for (const Record& mapper : mappers) {

@@ -20,7 +20,7 @@ public:
     Pair()
     {
         for (const QString& name : {layoutname, mappingname}) {
-            if (!QFile::copy(QStringLiteral(TEST_DATA_DIR "/eighth/") + name, path(name)))
+            if (!QFile::copy(QStringLiteral(TEST_DATA_DIR "/eighth/mappings/Mappings/") + name, path(name)))
                 qFatal("The test's own folder cannot be written.");
         }
     }
@@ -82,8 +82,12 @@ void LayoutCheckTest::saysWhatIsWrong_data()
         "id in small letters", "name=\"AARDVARKGRID\"", "name=\"Aardvark\"",
         ", line 2: \"name\" must be the id by which VirtualDJ's mappings know the device, in capital letters "
         "and digits; it is \"Aardvark\".");
+    layout("no description", "description=", "description=\"\" about=",
+           ", line 2: \"description\" is missing; it names the device in a few words.");
+    layout("control without a name", "<ignore name=\"WHEEL\"/>", "<ignore/>",
+           ", line 79: this ignore has no \"name\".");
     layout(
-        "no description", "description=", "about=",
+        "attribute of another name", "description=", "about=",
         ", line 2: \"layout\" has an attribute \"about\", which nothing reads; it takes name, description, "
         "fullrgb, colors, coloroff, coloron, top, left, bottom, right, faders.");
     layout("LEDs not told", "fullrgb=\"false\"", "fullrgb=\"no\"",

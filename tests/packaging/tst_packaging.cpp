@@ -67,6 +67,7 @@ class PackagingTest : public QObject
 private slots:
     void initTestCase();
     void installsWhatUsersNeedAndNothingElse();
+    void installsAReadmeThatLeadsNowhereElse();
     void startsFromItsMenuEntryWithoutArguments();
     void knowsProjects_data();
     void knowsProjects();
@@ -112,6 +113,21 @@ void PackagingTest::installsWhatUsersNeedAndNothingElse()
     QCOMPARE(all, expected);
     QVERIFY(QFileInfo(prefix().filePath("bin/lumipad")).isExecutable());
     QCOMPARE(installed("share/doc/lumipad/Manual.pdf"), source("resources/icons/Images/Manual.pdf"));
+}
+
+void PackagingTest::installsAReadmeThatLeadsNowhereElse()
+{
+    const QByteArray readme = installed("share/doc/lumipad/README.md");
+    // Its ends are those of the part for users.
+    QVERIFY(source("README.md").startsWith(readme + "\n## "));
+    QVERIFY(readme.contains("\n## How to use it\n"));
+    static const QRegularExpression link(QStringLiteral("\\]\\(([^):]*)\\)"));
+    int links = 0;
+    for (auto found = link.globalMatch(QString::fromUtf8(readme)); found.hasNext(); ++links) {
+        const QString file = found.next().captured(1);
+        QVERIFY2(QFile::exists(prefix().filePath("share/doc/lumipad/" + file)), qPrintable(file));
+    }
+    QVERIFY(links > 0);
 }
 
 void PackagingTest::startsFromItsMenuEntryWithoutArguments()

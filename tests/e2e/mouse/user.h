@@ -48,6 +48,10 @@ public:
     void filledit(const QString& edit, const QString& text);
     /// Chooses entry \a number of the \a count entries of a combo box, from its popup, which shows them all.
     void chooseitem(const QString& combo, int number, int count);
+    /// The number of the controller \a name in its combo box, counted from 1 among all that are built in.
+    int devicenumber(const QString& name);
+    /// Chooses the controller \a name.
+    void choosedevice(const QString& name);
     /// Opens the popup of a combo box with the mouse and chooses entry \a number with the keyboard.
     void choosebykeys(const QString& combo, int number);
     /// Switches to the other output and waits for its side.

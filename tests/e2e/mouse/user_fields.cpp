@@ -1,7 +1,17 @@
 // The user at line edits, combo boxes and the choice of the output.
 
+#include "devices.h"
 #include "look.h"
 #include "user.h"
+
+namespace {
+
+QList<Record> builtindevices()
+{
+    return controller::readdefaultmappers(QStringLiteral(LUMIPAD_DEVICES)).devices;
+}
+
+} // namespace
 
 void User::filledit(const QString& edit, const QString& text)
 {
@@ -30,6 +40,22 @@ void User::chooseitem(const QString& combo, int number, int count)
     pointer().click({list.left() + list.width() / 4, middle});
     awaitgone(popup, QStringLiteral("The list of %1").arg(combo));
     settle();
+}
+
+int User::devicenumber(const QString& name)
+{
+    const auto devices = builtindevices();
+    for (int i = 0; i < devices.size(); ++i) {
+        if (devices.at(i).value(Key::name()) == name)
+            return i + 1;
+    }
+    giveup(QStringLiteral("There is no controller %1.").arg(name));
+}
+
+void User::choosedevice(const QString& name)
+{
+    const int count = static_cast<int>(builtindevices().size());
+    chooseitem(QStringLiteral("devicescombo"), devicenumber(name), count);
 }
 
 void User::choosebykeys(const QString& combo, int number)
