@@ -140,13 +140,14 @@ void KeyboardStory::controller_gets_colours_blink_and_switch()
         // The other output is the next choice of the radio buttons.
         user.keys("Tab", 3);
         user.keys("Right");
-        user.keys("Shift+Tab");
-        user.keys("Return", 2);
-        user.keys("Tab", 2);
+        // The devices come behind it, the Live Buttons ahead of it.
         const QString device = "Akai APC Mini";
-        user.keys("Down", user.devicenumber(device) - 1);
-        // The factory's mapping is the second one.
         user.keys("Tab");
+        user.keys("Down", user.devicenumber(device) - 1);
+        user.keys("Shift+Tab", 2);
+        user.keys("Return", 2);
+        // The factory's mapping is the second one.
+        user.keys("Tab", 3);
         user.keys("Down");
         user.keys("Tab", 4);
         // The second pad is current. The menu of the first: its colour while the Live Button is on, red, and
