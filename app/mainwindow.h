@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QModelIndex>
 #include <QPersistentModelIndex>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -311,6 +312,7 @@ private:
     void askpadcolor(int role);
     void fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     QMenu* newmenu();
+    void dropusedmenu();
     const OutputMode& chosenoutput() const;
     const OutputMode& outputat(int output) const { return outputs.at(static_cast<std::size_t>(output)); }
     void placeoutput(const OutputMode& output, int width);
@@ -346,4 +348,6 @@ private:
     std::unique_ptr<app::History> history;
     Choices choices;
     Taken taken;
+    QPointer<QMenu> usedMenu;
+    bool menuAtWork = false; ///< what was chosen in `usedMenu` still runs
 };

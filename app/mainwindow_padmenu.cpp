@@ -35,9 +35,20 @@ QString choice(const QString& text, bool chosen)
 QMenu* MainWindow::newmenu()
 {
     auto* menu = new QMenu(this);
-    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    connect(menu, &QMenu::aboutToHide, this, [this, menu] {
+        usedMenu = menu;
+        QMetaObject::invokeMethod(this, &MainWindow::dropusedmenu, Qt::QueuedConnection);
+    });
     menu->setStyleSheet(Style::menu());
     return menu;
+}
+
+/// Deletes the menu that was used last, unless it is still at work: what was chosen in it may run an event
+/// loop.
+void MainWindow::dropusedmenu()
+{
+    if (!menuAtWork)
+        delete usedMenu;
 }
 
 void MainWindow::customMenuRequested(QPoint pos)
@@ -77,9 +88,7 @@ void MainWindow::fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)
     menu->addAction(choice(tr("default"), own.isEmpty()), this, entry(0));
     menu->addSeparator();
     if (controller::ledcolors(device) != controller::LedColors::Palette) {
-        // The box has an event loop of its own, in which the menu goes away: not while the menu still works.
-        menu->addAction(swatch(own), tr("Select ..."), this,
-                        [this, ask] { QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection); });
+        menu->addAction(swatch(own), tr("Select ..."), this, ask);
         return;
     }
     const QStringList colors = controller::palette(device);
@@ -119,7 +128,10 @@ void MainWindow::coloronpadchange(int n) { setpadcolor(ItemRole::ColorOn, n); }
 void MainWindow::askpadcolor(int role)
 {
     const QColor current(menuIndex.data(role).toString());
+    menuAtWork = true;
     const QColor color = QColorDialog::getColor(current, this, tr("Choose a Color"));
+    menuAtWork = false;
+    QMetaObject::invokeMethod(this, &MainWindow::dropusedmenu, Qt::QueuedConnection);
     if (color.isValid())
         setpads(role, color.name());
 }

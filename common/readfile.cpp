@@ -63,7 +63,7 @@ std::optional<QByteArray> readregularfile(const QString& path, int most, int* re
     qint64 count = 0;
     while ((count = file.read(piece.data(), std::min<qint64>(piece.size(), qint64(most) + 1 - total))) > 0) {
         bytes.append(piece.constData(), static_cast<int>(count));
-        total = bytes.size();
+        total = static_cast<int>(bytes.size());
         if (total > most)
             return std::nullopt;
     }

@@ -110,7 +110,11 @@ Answer cancelcolor()
 }
 
 /// Lets everything go that waits to be deleted.
-void deletewaiting() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+void deletewaiting()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 } // namespace
 

@@ -74,7 +74,7 @@ qint64 bytesread()
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     const QByteArray text = file.readAll();
-    const int at = text.indexOf(name) + name.size();
+    const auto at = text.indexOf(name) + name.size();
     return text.mid(at, text.indexOf('\n', at) - at).toLongLong();
 }
 
@@ -591,7 +591,7 @@ void DevicesTest::readsTheFolderUpToABoundInSum()
 void DevicesTest::countsTheElementsAndAttributesThatItParses()
 {
     // As many parts as a file may have, three in each element of a few bytes.
-    const QByteArray many = QByteArray("<a b=''c=''/>").repeated(maxXmlParts / 3 - 10);
+    const QByteArray many = QByteArray("<a b='' c=''/>").repeated(maxXmlParts / 3 - 10);
     constexpr int fitting = maxMappersScan / (maxXmlParts * minMapperScanPart);
     const Folder folder;
     QStringList names;

@@ -64,7 +64,8 @@ Checkout::Checkout() : m_environment(QProcessEnvironment::systemEnvironment())
             "    chmod +x \"$2/app/lumipad\"\n"
             "else\n"
             "    mkdir -p \"$4\"\n"
-            "    echo \"CMAKE_HOME_DIRECTORY:INTERNAL=$2\" >\"$4/CMakeCache.txt\"\n"
+            "    printf '%s\\n' \"CMAKE_HOME_DIRECTORY:INTERNAL=$2\" LUMIPAD_QT_BEFORE:INTERNAL=5 "
+            ">\"$4/CMakeCache.txt\"\n"
             "fi\n");
     standin("dpkg-query", "echo 'installed '\n");
     for (const char* tool : {"ninja", "apt-get", "sudo", "brew", "ctest", "git"})

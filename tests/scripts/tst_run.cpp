@@ -297,7 +297,7 @@ void RunTest::saysHowMuchItInstallsBefore()
     }
     const Outcome outcome = checkout.run();
     QCOMPARE(outcome.code, 0);
-    const int said = outcome.output.indexOf(size);
+    const auto said = outcome.output.indexOf(size);
     QVERIFY2(said >= 0, outcome.output.constData());
     QVERIFY(outcome.output.contains("Installing cmake, "));
     QVERIFY2(outcome.output.indexOf("Now it is being installed.") > said, outcome.output.constData());
