@@ -16,8 +16,14 @@ public:
     /// Presses \a key in the message box that comes up and waits until that is gone.
     void answer(const QString& key)
     {
-        const ScreenWindow box = awaitwindow("A message");
-        await([&] { return isdrawn(box); }, "The message was not drawn.");
+        ScreenWindow box;
+        // The dialog before it may still be going.
+        await(
+            [&] {
+                box = otherwindows().value(0);
+                return box.exists() && isdrawn(box);
+            },
+            "The message was not drawn.");
         focus(box);
         keys(key);
         awaitgone(box, "The message");

@@ -2,6 +2,7 @@
 
 #include "plainini.h"
 #include "testfiles.h"
+#include "toolkitfacts.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -94,6 +95,13 @@ QStringList readbysettings(const QByteArray& bytes)
     return lines;
 }
 
+/// \a lines without those whose key is not ASCII.
+QStringList withplainkeys(const QStringList& lines)
+{
+    static const QRegularExpression plainkey(QStringLiteral("^[\\x00-\\x7f]* is "));
+    return lines.filter(plainkey);
+}
+
 /// \a lines without signs that the message of a failed test would hide.
 QByteArray printable(const QStringList& lines)
 {
@@ -119,13 +127,17 @@ void PlainIniTest::isReadAsTheFileItself()
         const QByteArray ini = randomini(&random);
         const auto plain = show::plainini(ini);
         QVERIFY2(plain, ini.toPercentEncoding().constData());
-        const QStringList expected = readbysettings(ini);
-        const QStringList actual = readbysettings(*plain);
+        QStringList expected = readbysettings(ini);
+        QStringList actual = readbysettings(*plain);
+        if (Toolkit::settingNamesAreUtf8) {
+            expected = withplainkeys(expected);
+            actual = withplainkeys(actual);
+        }
         QVERIFY2(actual == expected,
                  printable({QString::fromUtf8(ini), actual.join('|'), expected.join('|')}).constData());
         values += static_cast<int>(expected.size());
     }
-    QVERIFY(values > 10000);
+    QVERIFY2(values > (Toolkit::settingNamesAreUtf8 ? 5000 : 10000), qPrintable(QString::number(values)));
 }
 
 void PlainIniTest::keepsTheLineBehindAnEscapedLineEnd()
