@@ -13,6 +13,7 @@
 
 #include <QColorDialog>
 #include <QMenu>
+#include <QTimer>
 
 namespace {
 
@@ -37,7 +38,7 @@ QMenu* MainWindow::newmenu()
     auto* menu = new QMenu(this);
     connect(menu, &QMenu::aboutToHide, this, [this, menu] {
         usedMenu = menu;
-        QMetaObject::invokeMethod(this, &MainWindow::dropusedmenu, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &MainWindow::dropusedmenu);
     });
     menu->setStyleSheet(Style::menu());
     return menu;
@@ -131,7 +132,7 @@ void MainWindow::askpadcolor(int role)
     menuAtWork = true;
     const QColor color = QColorDialog::getColor(current, this, tr("Choose a Color"));
     menuAtWork = false;
-    QMetaObject::invokeMethod(this, &MainWindow::dropusedmenu, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &MainWindow::dropusedmenu);
     if (color.isValid())
         setpads(role, color.name());
 }
