@@ -151,8 +151,6 @@ public slots:
 
     // Controller grid
 
-    /// See `controller::padavail`, for the current device.
-    QString getpadavail(int row, int col) const;
     /// Recomputes which cells the current device has; what is placed stays.
     void updatelayout();
 
@@ -245,8 +243,9 @@ public slots:
     QString getdeviceoffcolor(int device);
     QString getdeviceoncolor(int device);
     bool deviceinlist(const QString& device);
-    /// See `controller::padtext`.
+    /// See `controller::padtext` and `controller::padavail`; the latter for the current device.
     QString getpadtext(int row, int col);
+    QString getpadavail(int row, int col);
     /// See `controller::xmlparse` and `controller::removeos2l`.
     QString xmlparse(const QString& text);
     QString removeos2l(const QString& action);
@@ -312,7 +311,7 @@ private:
     void askpadcolor(int role);
     void fillcolormenu(QMenu* menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     QMenu* newmenu();
-    void dropusedmenu();
+    Q_INVOKABLE void dropusedmenu();
     const OutputMode& chosenoutput() const;
     const OutputMode& outputat(int output) const { return outputs.at(static_cast<std::size_t>(output)); }
     void placeoutput(const OutputMode& output, int width);

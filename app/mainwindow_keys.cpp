@@ -253,8 +253,9 @@ QModelIndexList MainWindow::padplaces() const
 QModelIndexList MainWindow::cellplaces() const
 {
     QModelIndexList places;
+    const Record device = devices.value(currentDevice);
     const auto add = [&](int row, int column) {
-        if (getpadavail(row, column) != QLatin1String("0"))
+        if (controller::padavail(row, column, device) != QLatin1String("0"))
             places.append(controllerModel->index(row, column));
     };
     constexpr int end = Grid::FirstPad + Grid::PadsPerLine;

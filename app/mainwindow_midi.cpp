@@ -117,7 +117,7 @@ int MainWindow::getmapperid(const QString& device, int n)
 
 QString MainWindow::getpadtext(int row, int col) { return controller::padtext(row, col); }
 
-QString MainWindow::getpadavail(int row, int col) const
+QString MainWindow::getpadavail(int row, int col)
 {
     return controller::padavail(row, col, devices.value(currentDevice));
 }

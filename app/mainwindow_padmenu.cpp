@@ -13,7 +13,6 @@
 
 #include <QColorDialog>
 #include <QMenu>
-#include <QTimer>
 
 namespace {
 
@@ -38,7 +37,7 @@ QMenu* MainWindow::newmenu()
     auto* menu = new QMenu(this);
     connect(menu, &QMenu::aboutToHide, this, [this, menu] {
         usedMenu = menu;
-        QTimer::singleShot(0, this, &MainWindow::dropusedmenu);
+        QMetaObject::invokeMethod(this, "dropusedmenu", Qt::QueuedConnection);
     });
     menu->setStyleSheet(Style::menu());
     return menu;
@@ -132,7 +131,7 @@ void MainWindow::askpadcolor(int role)
     menuAtWork = true;
     const QColor color = QColorDialog::getColor(current, this, tr("Choose a Color"));
     menuAtWork = false;
-    QTimer::singleShot(0, this, &MainWindow::dropusedmenu);
+    QMetaObject::invokeMethod(this, "dropusedmenu", Qt::QueuedConnection);
     if (color.isValid())
         setpads(role, color.name());
 }

@@ -5,6 +5,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -236,10 +237,15 @@ void Walk::makesafe(Size start, Size end)
 
 QString withcontrols(QString value)
 {
-    for (Size at = 0; at < value.size(); ++at) {
-        const int control = value.at(at).unicode() - firststandin;
-        if (control >= 0 && control < controls)
-            value[at] = QChar(control);
+    const auto standsforcontrol = [](QChar sign) {
+        return sign.unicode() >= firststandin && sign.unicode() < firststandin + controls;
+    };
+    // Hardly any has one, and would be copied to be looked through.
+    if (std::none_of(value.cbegin(), value.cend(), standsforcontrol))
+        return value;
+    for (QChar& sign : value) {
+        if (standsforcontrol(sign))
+            sign = QChar(sign.unicode() - firststandin);
     }
     return value;
 }

@@ -119,7 +119,7 @@ LightShow ShowReader::show()
 LightShow readcopy(QTemporaryFile* copy)
 {
     QSettings settings(copy->fileName(), QSettings::IniFormat);
-    const LightShow show = ShowReader(&settings).show();
+    LightShow show = ShowReader(&settings).show();
     // It keeps what it has parsed for the next reader of the same file; there will be none.
     copy->resize(0);
     settings.sync();
