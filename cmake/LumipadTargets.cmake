@@ -26,7 +26,8 @@ endfunction()
 
 # lumipad_test(<name> [EIGHTH] SOURCES <files> LINKS <targets>): one Qt Test program, run without a display. What all
 # tests share in tests/support is linked; the helpers for the window come with LINKS lumipad_testwindow.
-# EIGHTH: the same program runs a second time, with one more controller among the resources.
+# EIGHTH: the same program runs a second time, with one more controller among the resources; not with the sanitizers, which
+# have seen its code then.
 function(lumipad_test name)
     cmake_parse_arguments(T "EIGHTH" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${T_SOURCES})
@@ -35,7 +36,7 @@ function(lumipad_test name)
     target_compile_definitions(${name} PRIVATE
         TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
     set(programs ${name})
-    if(T_EIGHTH)
+    if(T_EIGHTH AND NOT LUMIPAD_SANITIZE)
         # The objects of the test as they are: only the resources differ. They come first, so the linker takes no
         # others out of the window's library.
         list(REMOVE_ITEM T_LINKS lumipad_resources)
