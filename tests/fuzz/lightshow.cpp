@@ -56,7 +56,9 @@ show::LightShow literally(const QString& path)
     QSettings settings(path, QSettings::IniFormat);
     show::LightShow show;
     show.pages.append({{Key::pageId(), "0"}, {Key::pageName(), "All Pages"}});
-    for (int page = 1; page <= settings.value("page/number").toInt(); ++page) {
+    // As a text: of a number that is too large for one, the variant would give some of its bits.
+    const int pages = settings.value("page/number").toString().toInt();
+    for (int page = 1; page <= pages; ++page) {
         const QString number = QString::number(page);
         show.pages.append(groupof(&settings, "page" + number, {{Key::pageId(), number}}));
     }
