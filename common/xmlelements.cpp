@@ -79,7 +79,7 @@ QHash<QString, QString> readpairs(const QString& path, const QString& tag, const
     QHash<QString, QString> pairs;
     if (const auto xml = readregularfile(path, maxXmlSize)) {
         visitelements(*xml, {tag}, Malformed::Nothing, nullptr, [&](const QDomElement& element) {
-            pairs.insert(element.attribute(key), element.attribute(value));
+            pairs.insert(withcontrols(element.attribute(key)), withcontrols(element.attribute(value)));
         });
     }
     return pairs;

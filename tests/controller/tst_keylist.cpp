@@ -69,6 +69,7 @@ private slots:
     void keepsPlacesAsTheyAreWritten();
     void pairsAPadWithItsActionAndItsLed();
     void takesTheLastMapOfAName();
+    void keepsControlCharactersOfActions();
     void takesAnActionThatIsTooLongForAnEmptyOne();
     void comparesNamesExactly_data();
     void comparesNamesExactly();
@@ -161,6 +162,13 @@ void KeylistTest::takesTheLastMapOfAName()
                                 map("LED_B", "toggle &apos;$os2l&apos;"));
     QCOMPARE(column(keys, "action"), (QStringList{"", "one", ""}));
     QCOMPARE(column(keys, "ledaction"), (QStringList{"", "", "(none)"}));
+}
+
+void KeylistTest::keepsControlCharactersOfActions()
+{
+    const QList<Record> keys = keysof("<pad name=\"P\x01\"/>", map("P\x01", "a\x01\x1f\tb\nc"));
+    QCOMPARE(column(keys, "value"), QStringList{"P\x01"});
+    QCOMPARE(column(keys, "action"), QStringList{"a\x01\x1f\tb\nc"});
 }
 
 void KeylistTest::takesAnActionThatIsTooLongForAnEmptyOne()
