@@ -53,7 +53,7 @@ Checkout::Checkout() : m_environment(QProcessEnvironment::systemEnvironment())
     }
     m_environment.insert("PATH", tools);
     m_environment.insert("DISPLAY", ":4711");
-    for (const char* variable : {"WAYLAND_DISPLAY", "TMPDIR"})
+    for (const char* variable : {"WAYLAND_DISPLAY", "TMPDIR", "LUMIPAD_QT"})
         m_environment.remove(QLatin1String(variable));
 
     standin("cmake",
@@ -64,7 +64,9 @@ Checkout::Checkout() : m_environment(QProcessEnvironment::systemEnvironment())
             "    chmod +x \"$2/app/lumipad\"\n"
             "else\n"
             "    mkdir -p \"$4\"\n"
-            "    printf '%s\\n' \"CMAKE_HOME_DIRECTORY:INTERNAL=$2\" LUMIPAD_QT_BEFORE:INTERNAL=5 "
+            "    words=$*\n"
+            "    printf '%s\\n' \"CMAKE_HOME_DIRECTORY:INTERNAL=$2\" "
+            "\"LUMIPAD_QT_BEFORE:INTERNAL=${words##*-DLUMIPAD_QT=}\" "
             ">\"$4/CMakeCache.txt\"\n"
             "fi\n");
     standin("dpkg-query", "echo 'installed '\n");

@@ -51,6 +51,7 @@ private slots:
     void leavesOutWhatCannotBeDoneAndDoesTheRest();
     void asksThroughTheProxyOfTheUser();
     void stopsAtAnErrorOfAValidator();
+    void makesThePackagesOfEachQtInAFolderOfTheirOwn();
 };
 
 void PackageTest::leavesOutWhatCannotBeDoneAndDoesTheRest_data()
@@ -129,6 +130,19 @@ void PackageTest::stopsAtAnErrorOfAValidator()
     QCOMPARE(outcome.errors,
              QByteArray("scripts/package: lintian found something; its own lines above say what.\n"));
     QVERIFY(!outcome.called("debootstrap"));
+}
+
+void PackageTest::makesThePackagesOfEachQtInAFolderOfTheirOwn()
+{
+    PackageCheckout checkout;
+    checkout.set("LUMIPAD_QT", "6");
+    const Outcome outcome = checkout.run({"scripts/package"});
+    QCOMPARE(outcome.code, 0);
+    QVERIFY(!outcome.calls.filter("-DLUMIPAD_QT=6").isEmpty());
+    QVERIFY2(outcome.output.contains(
+                 "The package:         " + checkout.path("build/package-qt6/packages").toUtf8() +
+                 "/lumipad_2.0_amd64.deb\n"),
+             outcome.output.constData());
 }
 
 QTEST_GUILESS_MAIN(PackageTest)

@@ -54,6 +54,11 @@ private slots:
     void buildsAgainAfterAChange_data();
     void buildsAgainAfterAChange();
     void buildsAgainInAnotherPlace();
+    void buildsWithTheQtThatTheCallerNames();
+    void refusesAQtThatItDoesNotKnow();
+    void buildsWithTheQtThatIsThere();
+    void installsTheQtThatCanBeHad_data();
+    void installsTheQtThatCanBeHad();
     void doesNotStartAfterAFailedBuild();
     void startsThroughALink_data();
     void startsThroughALink();
@@ -127,6 +132,86 @@ void RunTest::buildsAgainInAnotherPlace()
     const Outcome outcome = checkout.run({"./run"}, checkout.beside("moved"));
     QVERIFY(outcome.called("cmake -S " + checkout.beside("moved") + " "));
     QVERIFY2(outcome.output.endsWith(startedAtOnce), outcome.output.constData());
+}
+
+void RunTest::buildsWithTheQtThatTheCallerNames()
+{
+    BuiltCheckout checkout;
+    checkout.set("LUMIPAD_QT", "6");
+    const Outcome outcome = checkout.run();
+    QCOMPARE(outcome.errors, QByteArray());
+    QVERIFY(outcome.called("cmake -S " + checkout.path() + " -B " + checkout.path("build/release-qt6") +
+                           " -G Ninja -DLUMIPAD_WERROR=ON -DCMAKE_BUILD_TYPE=Release -DLUMIPAD_QT=6"));
+    QVERIFY2(outcome.output.endsWith(startedAtOnce), outcome.output.constData());
+    // Each Qt has a folder of its own, so neither build is in the other's way.
+    QCOMPARE(checkout.run().calls, QStringList());
+    checkout.unset("LUMIPAD_QT");
+    QCOMPARE(checkout.run().calls, QStringList());
+}
+
+void RunTest::refusesAQtThatItDoesNotKnow()
+{
+    Checkout checkout;
+    checkout.set("LUMIPAD_QT", "7");
+    const Outcome outcome = checkout.run();
+    QCOMPARE(outcome.code, 1);
+    QCOMPARE(outcome.errors, QByteArray("./run: LUMIPAD_QT is \"7\": it takes 5, 6, or nothing.\n"));
+    QCOMPARE(outcome.calls, QStringList());
+}
+
+void RunTest::buildsWithTheQtThatIsThere()
+{
+    const BuiltCheckout checkout;
+    checkout.standin("dpkg-query", "[[ $* == *' qtbase5-dev' ]] || echo 'installed '\n");
+    QCOMPARE(checkout.run({"touch", "app/main.cpp"}).code, 0);
+    const Outcome outcome = checkout.run();
+    QVERIFY(outcome.called("cmake -S " + checkout.path() + " -B " + checkout.path("build/release") +
+                           " -G Ninja -DLUMIPAD_WERROR=ON -DCMAKE_BUILD_TYPE=Release -DLUMIPAD_QT=6"));
+    QVERIFY(!outcome.called("apt-get"));
+    QVERIFY2(outcome.output.endsWith(startedAtOnce), outcome.output.constData());
+}
+
+void RunTest::installsTheQtThatCanBeHad_data()
+{
+    QTest::addColumn<QString>("manager");
+    QTest::addColumn<bool>("both");
+    QTest::addColumn<QString>("installed");
+    QTest::newRow("Debian with both") << "apt-get" << true << "qtbase5-dev";
+    QTest::newRow("Debian with Qt 6 only") << "apt-get" << false << "qt6-base-dev";
+    QTest::newRow("Homebrew with both") << "brew" << true << "qt@5";
+    QTest::newRow("Homebrew with Qt 6 only") << "brew" << false << "qt";
+}
+
+void RunTest::installsTheQtThatCanBeHad()
+{
+    QFETCH(QString, manager);
+    QFETCH(bool, both);
+    QFETCH(QString, installed);
+    const Checkout checkout;
+    checkout.standin("id", "echo 0\n");
+    const QByteArray had = both ? "true" : "[[ $* != *qt*5* ]]";
+    if (manager == "apt-get") {
+        checkout.standin("dpkg-query", "[[ $* == *' qt'* ]] || echo 'installed '\n");
+        checkout.standin("apt-cache", had + " && echo \"$2 | 1.0\" || true\n");
+    } else {
+        checkout.without("apt-get");
+        checkout.standin("brew", "case $1 in\n"
+                                 "list) [[ $* != *' qt'* ]] ;;\n"
+                                 "info) " +
+                                     had +
+                                     " ;;\n"
+                                     "esac\n");
+    }
+    const Outcome outcome = checkout.run();
+    QCOMPARE(outcome.errors, QByteArray());
+    const QStringList installs =
+        outcome.calls.filter(manager == "apt-get" ? QStringLiteral(" -y ") : QStringLiteral("brew install"));
+    QCOMPARE(installs.size(), 1);
+    QVERIFY2(installs.first().endsWith(" " + installed), qPrintable(installs.first()));
+    QVERIFY(!outcome.calls
+                 .filter(installed.contains("5") ? QStringLiteral("-DLUMIPAD_QT=5")
+                                                 : QStringLiteral("-DLUMIPAD_QT=6"))
+                 .isEmpty());
 }
 
 void RunTest::doesNotStartAfterAFailedBuild()
