@@ -27,6 +27,10 @@ struct Head;
 struct Project;
 } // namespace project
 
+namespace show {
+struct LightShow;
+} // namespace show
+
 namespace Ui {
 class MainWindow;
 }
@@ -298,8 +302,7 @@ private:
     QModelIndexList cellplaces() const;
     void offerpalette(const QStringList& palette, int off, int on);
     void resetbanks();
-    void emptywork();
-    void nameshow(const QString& path);
+    void replaceshow(const show::LightShow& show, const QString& path);
     void restoreshow(const project::Head& head);
     void saveproject(const QString& path, project::Project work);
     bool readprojectfile(const QString& path, project::Project* work);

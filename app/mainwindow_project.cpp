@@ -5,6 +5,7 @@
 #include "bounds.h"
 #include "controller.h"
 #include "devices.h"
+#include "lightshow.h"
 #include "messages.h"
 #include "project.h"
 #include "readfile.h"
@@ -157,13 +158,8 @@ bool MainWindow::readprojectfile(const QString& path, project::Project* work)
 void MainWindow::restoreshow(const project::Head& head)
 {
     showName = head.showName;
-    if (loadshowname(head.show))
-        return;
-    pages.clear();
-    buttons.clear();
-    updatecombo();
-    emptywork();
-    nameshow(head.show);
+    if (!loadshowname(head.show))
+        replaceshow({}, head.show);
 }
 
 /// Puts back everything that a project's head holds beside the show.

@@ -40,35 +40,29 @@ bool MainWindow::loadshowname(const QString& path)
     const auto show = show::readlightshow(path);
     if (!show)
         return false;
+    replaceshow(*show, path);
+    return true;
+}
+
+/// Begins anew with \a show, which \a path (`Live/live.ini`) is of.
+void MainWindow::replaceshow(const show::LightShow& show, const QString& path)
+{
     const app::History::Step step(history.get());
     switchPad = {-1, -1};
-    emptywork();
-    pages = show->pages;
-    buttons = show->buttons;
+    cleanDMX();
+    resetbanks();
+    initpadlist();
+    pages = show.pages;
+    buttons = show.buttons;
     initlist();
     updatecombo();
-    nameshow(path);
+    iniPath = path;
+    // A project may give the show a name that no window manager takes.
+    setWindowTitle(tr("Lumipad - %1").arg(shownname(showName)));
     // Views put the layout of new rows off until they have painted them once.
     for (QTableView* view : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
         view->doItemsLayout();
     history->clear();
-    return true;
-}
-
-/// Remembers whose work this is: the show that \a path (`Live/live.ini`) is of, and `showName`. A project may
-/// give it a name that no window manager takes.
-void MainWindow::nameshow(const QString& path)
-{
-    iniPath = path;
-    setWindowTitle(tr("Lumipad - %1").arg(shownname(showName)));
-}
-
-/// Empties the list and both grids, and gives banks and page their first names.
-void MainWindow::emptywork()
-{
-    cleanDMX();
-    resetbanks();
-    initpadlist();
 }
 
 QString MainWindow::getcolor(const QString& color) { return show::getcolor(color); }
