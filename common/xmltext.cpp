@@ -211,8 +211,8 @@ XmlRefusal Walk::tag()
     return m_depth > maxXmlDepth ? XmlRefusal::Nesting : XmlRefusal::None;
 }
 
-/// Puts character references for the tabs and line breaks of the value from \a start to \a end, and what
-/// stands for them for other control characters.
+/// Puts character references for the tabs and line breaks of the value from \a start to \a end, and where
+/// needed what stands for them for other control characters.
 void Walk::makesafe(Size start, Size end)
 {
     const QChar* const signs = m_text.constData();
@@ -228,7 +228,7 @@ void Walk::makesafe(Size start, Size end)
         else if (sign == QLatin1Char('\r'))
             m_safe += QLatin1String("&#13;");
         else
-            m_safe += QChar(firststandin + sign.unicode());
+            m_safe += domEndsAtControls ? QChar(firststandin + sign.unicode()) : sign;
         m_copied = at + 1;
     }
 }
@@ -241,7 +241,7 @@ QString withcontrols(QString value)
         return sign.unicode() >= firststandin && sign.unicode() < firststandin + controls;
     };
     // Hardly any has one, and would be copied to be looked through.
-    if (std::none_of(value.cbegin(), value.cend(), standsforcontrol))
+    if (!domEndsAtControls || std::none_of(value.cbegin(), value.cend(), standsforcontrol))
         return value;
     for (QChar& sign : value) {
         if (standsforcontrol(sign))

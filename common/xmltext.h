@@ -28,7 +28,7 @@ struct XmlText
 /// byte order mark, US-ASCII, ISO-8859-x and windows-125x are read. Other encodings can write the same signs
 /// in many ways.
 /// Tabs and line breaks inside of attribute values come out as character references, since parsers differ in
-/// keeping them; other control characters as what stands for them, since some parsers take them for errors.
+/// keeping them; other control characters, where the parser would end at them, as what stands for them.
 XmlText safexml(const QByteArray& xml);
 
 /// The attribute \a value, parsed from such a text, with the control characters that it had.

@@ -94,6 +94,8 @@ void XmlElementsTest::readsWhatADocumentTreeReads_data()
     QTest::newRow("referenced tab and line breaks")
         << QByteArray("<a x='1&#9;2&#10;3&#13;4'/>") << "a|x=1\t2\n3\r4";
     QTest::newRow("control character") << QByteArray("<a x='1\x01\x1f 2'/>") << "a|x=1\x01\x1f 2";
+    if (!Toolkit::strictDom)
+        QTest::newRow("noncharacter") << QByteArray("<a x='1\xEF\xB7\x91'/>") << "a|x=1\uFDD1";
     QTest::newRow("zero byte") << QByteArray("<a x='1\0002'/>", 12) << "a|x=1" + QString(QChar(0)) + "2";
     QTest::newRow("stray bytes") << QByteArray("<a x='1\xff\x32'/>")
                                  << "a|x=1" + QString(QChar(0xFFFD)) + "2";
