@@ -88,7 +88,7 @@ QStringList plainnames()
 /// Names with the separators of scripts; an export on top of a mapping with one of them garbles it.
 QStringList separatornames() { return {QStringLiteral("red : green"), QStringLiteral("on ? off : on")}; }
 
-QList<Hands::LiveButton> show(Dice* dice)
+QList<Hands::LiveButton> madeshow(Dice* dice)
 {
     QList<Hands::LiveButton> buttons;
     const QStringList names = plainnames() + separatornames();
@@ -263,7 +263,7 @@ void RandomTest::pagesDoWhatWasDropped()
 {
     const TestHome home;
     home.makepadsfolder();
-    Hands hands(home, show(&m_dice));
+    Hands hands(home, madeshow(&m_dice));
     for (; m_pages < pageCount; ++m_pages) {
         if (m_dice.chance(80))
             hands.cleanpads();
@@ -360,7 +360,7 @@ void RandomTest::mappingsDoWhatWasDroppedThroughThreeGenerations()
         chains[chain].device = devices().at(chain % devices().size());
     for (int generation = 1; generation <= generations; ++generation) {
         // Mappings are listed when the program starts.
-        Hands hands(home, show(&m_dice));
+        Hands hands(home, madeshow(&m_dice));
         hands.turntomidi();
         for (int number = 0; number < chainCount; ++number) {
             Chain& chain = chains[number];
