@@ -72,6 +72,13 @@ public:
             giveup(QStringLiteral("%1 is not as expected: %2").arg(path, difference));
     }
 
+    /// Waits until the main window has the size \a size, in pixels of the screen.
+    void expectsize(QSize size)
+    {
+        await([&] { return mainwindow().geometry.size() == size; },
+              QStringLiteral("The window did not become %1 by %2.").arg(size.width()).arg(size.height()));
+    }
+
     /// Has every pad and control of the file \a path pressed as VirtualDJ would; \a expectation tells what
     /// was dropped where.
     void expectonstage(const QString& path, const QString& expectation)
