@@ -42,6 +42,15 @@ inline QByteArray goldenmapper(const QString& name, const Home& home)
     return lines.join(QLatin1Char('\n')).toUtf8();
 }
 
+/// Puts something else in the place of a file, so that only a file that is written again can be what it was.
+/// Gives what it was.
+inline QByteArray spoil(const QString& path)
+{
+    QByteArray before = contents(path);
+    writefile(path, "to be overwritten\n");
+    return before;
+}
+
 /// Runs \a steps; one whose effect does not come fails the test function with its sentence.
 template<class Steps>
 void tell(Steps steps)
