@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int itemSide = 25; // pixels
+constexpr int itemSide = 25; // of a row in a popup list, in pixels
 
 /// Offers \a colors with a swatch each, and selects the one of the index \a current, if any.
 void offercolors(QComboBox* combo, const QStringList& colors, int current)

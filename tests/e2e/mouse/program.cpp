@@ -2,6 +2,7 @@
 
 #include "childprocess.h"
 #include "home.h"
+
 namespace {
 
 /// What the program is told about the world.
