@@ -3,6 +3,7 @@
 #include "mainwindow.h"
 
 #include "cells.h"
+#include "comboitems.h"
 #include "controller.h"
 #include "devices.h"
 #include "keylist.h"
@@ -19,18 +20,14 @@
 
 namespace {
 
-void setitemsizes(QComboBox* combo)
-{
-    for (int item = 0; item < combo->count(); ++item)
-        combo->setItemData(item, QSize(25, 25), Qt::SizeHintRole);
-}
+constexpr int itemSide = 25; // of a row in a popup list, in pixels
 
 /// Offers \a colors with a swatch each, and selects the one of the index \a current, if any.
 void offercolors(QComboBox* combo, const QStringList& colors, int current)
 {
     combo->clear();
     combo->addItems(colors);
-    setitemsizes(combo);
+    setitemsizes(combo, itemSide);
     const int side = combo->style()->pixelMetric(QStyle::PM_SmallIconSize);
     QPixmap swatch(side, side);
     for (int item = 0; item < colors.size(); ++item) {
@@ -52,7 +49,7 @@ void MainWindow::readdefaultmappers()
     ui->devicescombo->clear();
     for (const Record& device : std::as_const(devices))
         ui->devicescombo->addItem(device.value(Key::name()));
-    setitemsizes(ui->devicescombo);
+    setitemsizes(ui->devicescombo, itemSide);
 }
 
 void MainWindow::readmappers() { mappers.append(controller::readmappers(mappersPath, devices)); }
@@ -67,7 +64,7 @@ void MainWindow::updatemidicombo(int device)
         if (mapper.value(Key::device()) == currentDeviceId)
             ui->mididevices->addItem(mapper.value(Key::name()));
     }
-    setitemsizes(ui->mididevices);
+    setitemsizes(ui->mididevices, itemSide);
 
     const bool anycolor = controller::ledcolors(record) == controller::LedColors::Any;
     // To show what is shown already would have the hidden side of the window styled at the start.

@@ -2,6 +2,7 @@
 
 #include "mainwindow.h"
 
+#include "comboitems.h"
 #include "controller.h"
 #include "itemroles.h"
 #include "mymodel.h"
@@ -44,8 +45,7 @@ void MainWindow::updatebankcombo()
     ui->bankcombo->clear();
     for (int bank = 1; bank <= padspage::bankCount; ++bank)
         ui->bankcombo->addItem(QString::number(bank));
-    for (int item = 0; item < ui->bankcombo->count(); ++item)
-        ui->bankcombo->setItemData(item, QSize(30, 30), Qt::SizeHintRole);
+    setitemsizes(ui->bankcombo, 30);
 }
 
 void MainWindow::showbank(int bank)

@@ -2,6 +2,7 @@
 
 #include "mainwindow.h"
 
+#include "comboitems.h"
 #include "itemroles.h"
 #include "lightshow.h"
 #include "mymodel.h"
@@ -76,8 +77,7 @@ void MainWindow::updatecombo()
     ui->combobox->clear();
     for (const Record& page : std::as_const(pages))
         ui->combobox->addItem(page.value(Key::pageName()));
-    for (int item = 0; item < ui->combobox->count(); ++item)
-        ui->combobox->setItemData(item, QSize(30, 30), Qt::SizeHintRole);
+    setitemsizes(ui->combobox, 30);
 }
 
 void MainWindow::updatelist(int index)

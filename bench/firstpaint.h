@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit.h"
+#include "application.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -25,8 +25,7 @@ public:
 template<class Window>
 int showuntilpainted(int argc, char* argv[])
 {
-    drawatscreenscale();
-    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    followscreenscale();
     QApplication app(argc, argv);
     Window window;
     QuitAtFirstPaint watcher;

@@ -1,9 +1,9 @@
 // The window at one scale of the screen: the one that the environment gives (QT_FONT_DPI, QT_SCALE_FACTOR). A
 // scale holds for a whole process, so ctest runs this program once for each.
 
+#include "application.h"
 #include "midiwindow.h"
 #include "testdialogs.h"
-#include "toolkit.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -389,9 +389,7 @@ void ScreensTest::nothingStaysBehindTheMouse()
 int main(int argc, char* argv[])
 {
     const TestHome home;
-    // As the program does.
-    drawatscreenscale();
-    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    followscreenscale();
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const DialogWatch watch;

@@ -42,6 +42,15 @@ inline QByteArray goldenmapper(const QString& name, const Home& home)
     return lines.join(QLatin1Char('\n')).toUtf8();
 }
 
+/// Puts something else in the place of a file, so that only a file that is written again can be what it was.
+/// Gives what it was.
+inline QByteArray spoil(const QString& path)
+{
+    QByteArray before = contents(path);
+    writefile(path, "to be overwritten\n");
+    return before;
+}
+
 /// Runs \a steps; one whose effect does not come fails the test function with its sentence.
 template<class Steps>
 void tell(Steps steps)
@@ -70,6 +79,13 @@ public:
         const QString difference = firstDifference(contents(path), expected);
         if (!difference.isEmpty())
             giveup(QStringLiteral("%1 is not as expected: %2").arg(path, difference));
+    }
+
+    /// Waits until the main window has the size \a size, in pixels of the screen.
+    void expectsize(QSize size)
+    {
+        await([&] { return mainwindow().geometry.size() == size; },
+              QStringLiteral("The window did not become %1 by %2.").arg(size.width()).arg(size.height()));
     }
 
     /// Has every pad and control of the file \a path pressed as VirtualDJ would; \a expectation tells what

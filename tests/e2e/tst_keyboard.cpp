@@ -29,6 +29,39 @@ public:
         awaitgone(box, "The message");
     }
 
+    /// Shows the MIDI side and goes to its devices; the keyboard is on the button that loads a show.
+    void gotodevices()
+    {
+        keys("Tab", 3);
+        keys("Right");
+        awaitoutput(Output::Midi);
+        keys("Tab");
+    }
+
+    /// Chooses a device, wherever it is listed; the keyboard is on their combo box. With another one than
+    /// before it goes on in the grid.
+    void choosedevicebykeys(const QString& name)
+    {
+        keys("Alt+Down");
+        pickbykeys("devicescombo", devicenumber(name));
+    }
+
+    /// Opens the context menu of the current cell by \a key and chooses entry \a number of it, or entry \a
+    /// color of the submenu that this opens.
+    void choosefrommenu(const QString& key, int number, int color = 0)
+    {
+        keys(key);
+        awaitmenus(1);
+        keys("Down", number);
+        if (color > 0) {
+            keys("Right");
+            awaitmenus(2);
+            keys("Down", color - 1);
+        }
+        keys("Return");
+        awaitalone("The menu");
+    }
+
     void loadshowbykeys(const QString& name)
     {
         keys("Ctrl+O");
@@ -37,7 +70,72 @@ public:
         focusmain();
         awaittitle("Lumipad - " + name);
     }
+
+    /// Saves the shown side as the project file \a path.
+    void savebykeys(const QString& path)
+    {
+        focusmain();
+        keys("Ctrl+S");
+        typefile("Save your Lumipad Project", path);
+        answer("Return");
+    }
+
+    /// Saves over the project file \a path, which must come out as it is.
+    void saveagainbykeys(const QString& path)
+    {
+        focusmain();
+        keys("Ctrl+S");
+        // With this dialog all that was asked before is done, so the file was read if it was to be loaded.
+        awaitdialog("Save your Lumipad Project");
+        const QByteArray saved = Stories::spoil(path);
+        typefile("Save your Lumipad Project", path);
+        answer("Alt+Y");
+        answer("Return");
+        expectfile(path, saved);
+    }
+
+    void loadprojectbykeys(const QString& path, Earlier earlier = Earlier::None)
+    {
+        focusmain();
+        keys("Ctrl+Shift+O");
+        if (earlier == Earlier::Replaced)
+            answer("Alt+Y");
+        typefile("Select a Lumipad Project", path);
+        awaitalone("The dialog");
+        focusmain();
+    }
+
+    void exportbykeys(Earlier earlier = Earlier::None)
+    {
+        keys("Ctrl+Shift+E");
+        if (earlier == Earlier::Replaced)
+            answer("Alt+Y");
+        answer("Return");
+    }
+
+    /// Leaves the program, which has work, and makes sure that all was done without the mouse.
+    void leave()
+    {
+        focusmain();
+        keys("Ctrl+Q");
+        answer("Alt+Y");
+        awaitend(0);
+        if (pointer().wasused())
+            giveup("The mouse was used.");
+    }
 };
+
+const QString deviceName = QStringLiteral("Akai APC Mini");
+const QString wrongDeviceName = QStringLiteral("Novation Launchpad");
+
+// The places of entries in the context menu of a cell, and in the submenu of a colour, where "default" comes
+// first, then the device's palette of black, green, red and yellow.
+constexpr int offColor = 2;
+constexpr int onColor = 3;
+constexpr int blink = 4;
+constexpr int switchOfEmpty = 1;
+constexpr int green = 3;
+constexpr int red = 4;
 
 QByteArray pad(int number, const QByteArray& first, const QByteArray& second)
 {
@@ -70,7 +168,11 @@ class KeyboardStory : public QObject
 
 private slots:
     void pads_are_filled_named_undone_exported_saved_and_loaded();
-    void controller_gets_colours_blink_and_switch();
+    void controller_is_coloured_exported_saved_and_loaded();
+
+private:
+    static void workoncells(KeyboardUser& user, const QByteArray& expected);
+    static void repeatcells(KeyboardUser& user, const QByteArray& expected);
 };
 
 void KeyboardStory::pads_are_filled_named_undone_exported_saved_and_loaded()
@@ -93,8 +195,7 @@ void KeyboardStory::pads_are_filled_named_undone_exported_saved_and_loaded()
         // The last of them goes, the one before too, and comes back.
         user.keys("Ctrl+Z", 2);
         user.keys("Ctrl+Shift+Z");
-        user.keys("Ctrl+Shift+E");
-        user.answer("Return");
+        user.exportbykeys();
         QByteArray page = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"OS2L DMX\">\n" +
                           pad(1, "Strobe", "Tunnel and Fog") + pad(2, "Blackout", "") +
                           pad(3, "Slow Fade", "");
@@ -109,86 +210,80 @@ void KeyboardStory::pads_are_filled_named_undone_exported_saved_and_loaded()
         user.picture("1-exported");
 
         const QString project = user.home().project("Keys");
-        user.focusmain();
-        user.keys("Ctrl+S");
-        user.typefile("Save your Lumipad Project", project);
-        user.answer("Return");
-        const QByteArray saved = contents(project);
+        user.savebykeys(project);
 
         // The work is replaced by a load; what is saved again is the same.
         user.focusmain();
         user.keys("Ctrl+Z");
-        user.keys("Ctrl+Shift+O");
-        user.answer("Alt+Y");
-        user.typefile("Select a Lumipad Project", project);
-        user.awaitalone("The dialog");
-        user.focusmain();
-        user.keys("Ctrl+S");
-        user.typefile("Save your Lumipad Project", project);
-        user.answer("Alt+Y");
-        user.answer("Return");
-        user.expectfile(project, saved);
+        user.loadprojectbykeys(project, Earlier::Replaced);
+        user.saveagainbykeys(project);
         user.picture("2-loaded");
-
-        user.focusmain();
-        user.keys("Ctrl+Q");
-        user.answer("Alt+Y");
-        user.awaitend(0);
+        user.leave();
     });
 }
 
-void KeyboardStory::controller_gets_colours_blink_and_switch()
+void KeyboardStory::controller_is_coloured_exported_saved_and_loaded()
 {
     Stories::tell([] {
         KeyboardUser user;
-        user.open();
-        user.loadshowbykeys("Demo Show");
-        // The other output is the next choice of the radio buttons.
-        user.keys("Tab", 3);
-        user.keys("Right");
-        // The devices come behind it, the Live Buttons ahead of it.
-        const QString device = "Akai APC Mini";
-        user.keys("Tab");
-        user.keys("Down", user.devicenumber(device) - 1);
-        user.keys("Shift+Tab", 2);
-        user.keys("Return", 2);
-        // The factory's mapping is the second one.
-        user.keys("Tab", 3);
-        user.keys("Down");
-        user.keys("Tab", 4);
-        // The second pad is current. The menu of the first: its colour while the Live Button is on, red, and
-        // blinking.
-        user.keys("Left");
-        user.picture("1-first-pad");
-        user.keys("Menu");
-        user.awaitmenus(1);
-        user.keys("Down", 3);
-        user.keys("Right");
-        user.awaitmenus(2);
-        user.keys("Down", 3);
-        user.keys("Return");
-        user.awaitmenusgone();
-        user.keys("Shift+F10");
-        user.awaitmenus(1);
-        user.keys("Down", 4);
-        user.keys("Return");
-        user.awaitmenusgone();
-        // The pad below becomes the switch.
-        user.keys("Down");
-        user.keys("Menu");
-        user.awaitmenus(1);
-        user.keys("Down");
-        user.keys("Return");
-        user.awaitmenusgone();
-        user.keys("Ctrl+Shift+E");
-        user.answer("Return");
-        user.picture("2-exported");
-        user.expectonstage(user.home().mapper("Akai APC Mini", "OS2L DMX"), "keyboard-mapping.json");
-        user.focusmain();
-        user.keys("Ctrl+Q");
-        user.answer("Alt+Y");
-        user.awaitend(0);
+        const QByteArray expected = Stories::goldenmapper("keyboard-mapper.xml", user.home());
+        workoncells(user, expected);
+        repeatcells(user, expected);
     });
+}
+
+/// Fills cells of the controller, exports them as \a expected and saves them.
+void KeyboardStory::workoncells(KeyboardUser& user, const QByteArray& expected)
+{
+    user.open();
+    user.loadshowbykeys("Demo Show");
+    // The wrong device first: so the right one is another than before, wherever it is listed.
+    user.gotodevices();
+    user.choosedevicebykeys(wrongDeviceName);
+    user.keys("Shift+Tab", 5);
+    user.choosedevicebykeys(deviceName);
+    // From the grid to the list, whose first two Live Buttons go on the first pads.
+    user.keys("Shift+Tab", 7);
+    user.keys("Return", 2);
+    // The factory's mapping is the second one.
+    user.keys("Tab", 3);
+    user.keys("Down");
+    // In the grid the second pad is current. The first: green while its Live Button is off, red while it is
+    // on, and blinking; the pad below becomes the switch.
+    user.keys("Tab", 4);
+    user.keys("Left");
+    user.choosefrommenu("Menu", offColor, green);
+    user.choosefrommenu("Menu", onColor, red);
+    user.choosefrommenu("Shift+F10", blink);
+    user.keys("Down");
+    user.choosefrommenu("Menu", switchOfEmpty);
+    user.exportbykeys();
+    user.picture("1-exported");
+    user.expectfile(user.home().mapper(deviceName, "OS2L DMX"), expected);
+    user.savebykeys(user.home().project("Keys"));
+    user.leave();
+}
+
+/// A new start of the program loads what was saved; exported and saved again it is the same.
+void KeyboardStory::repeatcells(KeyboardUser& user, const QByteArray& expected)
+{
+    user.open();
+    // With the wrong device the load has one to choose.
+    user.gotodevices();
+    user.choosedevicebykeys(wrongDeviceName);
+    const QString project = user.home().project("Keys");
+    user.loadprojectbykeys(project);
+    user.awaittitle("Lumipad - Demo Show");
+    // From the grid to the mappings: which one was chosen is not part of a project.
+    user.keys("Shift+Tab", 4);
+    user.keys("Down");
+    const QString mapper = user.home().mapper(deviceName, "OS2L DMX");
+    Stories::spoil(mapper);
+    user.exportbykeys(Earlier::Replaced);
+    user.picture("2-loaded");
+    user.expectfile(mapper, expected);
+    user.saveagainbykeys(project);
+    user.leave();
 }
 
 QTEST_GUILESS_MAIN(KeyboardStory)

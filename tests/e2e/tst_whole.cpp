@@ -5,15 +5,6 @@ namespace {
 const QString deviceName = QStringLiteral("Novation Launchpad S");
 const QString mapperName = QStringLiteral("Late Night");
 
-/// Puts something else in the place of a file, so that only a file that is written again can be what it was.
-/// Gives what it was.
-QByteArray spoil(const QString& path)
-{
-    QByteArray before = contents(path);
-    writefile(path, "to be overwritten\n");
-    return before;
-}
-
 } // namespace
 
 /// A whole evening's work on both sides is exported and saved, loaded again by a new start of the program,
@@ -100,11 +91,11 @@ private:
         user.loadproject("Pads", Output::Pads);
         user.picturesettled("3-pads-loaded");
         const QString page = user.home().page("Evening");
-        const QByteArray pagebefore = spoil(page);
+        const QByteArray pagebefore = Stories::spoil(page);
         user.exportpads(Earlier::Replaced);
         user.expectfile(page, pagebefore);
         const QString project = user.home().project("Pads");
-        const QByteArray projectbefore = spoil(project);
+        const QByteArray projectbefore = Stories::spoil(project);
         user.saveproject("Pads", Earlier::Replaced);
         user.expectfile(project, projectbefore);
     }
@@ -116,11 +107,11 @@ private:
         user.chooseitem("mididevices", 2, 3);
         user.picturesettled("4-midi-loaded");
         const QString mapper = user.home().mapper(deviceName, mapperName);
-        const QByteArray mapperbefore = spoil(mapper);
+        const QByteArray mapperbefore = Stories::spoil(mapper);
         user.exportmapper(deviceName, mapperName, Earlier::Replaced);
         user.expectfile(mapper, mapperbefore);
         const QString project = user.home().project("Midi");
-        const QByteArray projectbefore = spoil(project);
+        const QByteArray projectbefore = Stories::spoil(project);
         user.saveproject("Midi", Earlier::Replaced);
         user.expectfile(project, projectbefore);
     }

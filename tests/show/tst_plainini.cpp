@@ -80,9 +80,7 @@ QStringList readbysettings(const QByteArray& bytes)
     const QString path = folder.filePath(QStringLiteral("live.ini"));
     writefile(path, bytes);
     QSettings settings(path, QSettings::IniFormat);
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    settings.setIniCodec("UTF-8"); // from version 6 on there is no other
-#endif
+    Toolkit::readasutf8(&settings);
     QStringList lines;
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) {

@@ -35,9 +35,9 @@ Desktop::Desktop(const QString& program, const QString& pictures, const QString&
     setpictures(pictures);
 }
 
-void Desktop::open()
+void Desktop::open(const QProcessEnvironment& more)
 {
-    m_program.start(m_programfile, m_home, m_display.name());
+    m_program.start(m_programfile, m_home, m_display.name(), more);
     m_mainwindow = 0;
     await(
         [this] {

@@ -30,8 +30,10 @@ public:
 
     // The program
 
-    /// Starts the program, waits for its window and gives it the keyboard. The earlier one must have ended.
-    void open();
+    /// Starts the program, with the environment variables \a more, waits for its window and gives it the
+    /// keyboard. The earlier one must have ended. At a scale of the screen other than 1 the places of widgets
+    /// are not known, so only keys work.
+    void open(const QProcessEnvironment& more = {});
     /// Clicks the close box of the main window.
     void requestclose();
     /// Waits until the program has ended, which must be with the exit code \a code.

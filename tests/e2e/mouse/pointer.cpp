@@ -11,11 +11,13 @@ constexpr int currentScreen = -1;
 
 void Pointer::send(MouseButton button, bool down)
 {
+    m_used = true;
     XTestFakeButtonEvent(m_display, static_cast<unsigned>(button), down ? True : False, CurrentTime);
 }
 
 void Pointer::move(QPoint to)
 {
+    m_used = true;
     XTestFakeMotionEvent(m_display, currentScreen, to.x(), to.y(), CurrentTime);
     XSync(m_display, False);
 }

@@ -20,9 +20,12 @@ public:
     /// Moves the mouse there and clicks \a times times. However slow the machine is, the clicks come fast
     /// enough for a double click.
     void click(QPoint at, MouseButton button = MouseButton::Left, int times = 1);
+    /// Whether the mouse was ever moved or one of its buttons pressed.
+    bool wasused() const { return m_used; }
 
 private:
     void send(MouseButton button, bool down);
 
     XConnection* m_display;
+    bool m_used = false;
 };

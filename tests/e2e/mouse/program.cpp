@@ -3,8 +3,6 @@
 #include "childprocess.h"
 #include "home.h"
 
-#include <QProcessEnvironment>
-
 namespace {
 
 /// What the program is told about the world.
@@ -41,9 +39,12 @@ Program::~Program()
     m_process.waitForFinished();
 }
 
-void Program::start(const QString& program, const Home& home, const QString& display)
+void Program::start(const QString& program, const Home& home, const QString& display,
+                    const QProcessEnvironment& more)
 {
-    m_process.setProcessEnvironment(surroundings(home, display));
+    QProcessEnvironment environment = surroundings(home, display);
+    environment.insert(more);
+    m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardOutputFile(home.logfile());
     m_process.setStandardInputFile(QProcess::nullDevice());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
 
 class Home;
@@ -13,9 +14,10 @@ public:
     ~Program();
 
     /// Starts the program file \a program on the display \a display (as in DISPLAY) in \a home. Its
-    /// surroundings are a plain desktop, whatever the user's own: no theme, no scale, no message bus. Throws
-    /// `Trouble` when it cannot be started.
-    void start(const QString& program, const Home& home, const QString& display);
+    /// surroundings are a plain desktop, whatever the user's own: no theme, no scale, no message bus; the
+    /// variables \a more come on top of them. Throws `Trouble` when it cannot be started.
+    void start(const QString& program, const Home& home, const QString& display,
+               const QProcessEnvironment& more = {});
 
     /// Whether it was started and still runs.
     bool runs();

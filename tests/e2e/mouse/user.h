@@ -52,6 +52,8 @@ public:
     int devicenumber(const QString& name);
     /// Chooses the controller \a name.
     void choosedevice(const QString& name);
+    /// Chooses entry \a number with the keyboard in the popup of a combo box, which is open or about to be.
+    void pickbykeys(const QString& combo, int number);
     /// Opens the popup of a combo box with the mouse and chooses entry \a number with the keyboard.
     void choosebykeys(const QString& combo, int number);
     /// Switches to the other output and waits for its side.

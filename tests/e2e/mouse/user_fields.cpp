@@ -58,15 +58,20 @@ void User::choosedevice(const QString& name)
     chooseitem(QStringLiteral("devicescombo"), devicenumber(name), count);
 }
 
-void User::choosebykeys(const QString& combo, int number)
+void User::pickbykeys(const QString& combo, int number)
 {
-    click(combo);
     const ScreenWindow popup = awaitwindow(QStringLiteral("The list of %1").arg(combo));
     keyboard().key(QStringLiteral("Home"));
     for (int i = 1; i < number; ++i)
         keyboard().key(QStringLiteral("Down"));
     keyboard().key(QStringLiteral("Return"));
     awaitgone(popup, QStringLiteral("The list of %1").arg(combo));
+}
+
+void User::choosebykeys(const QString& combo, int number)
+{
+    click(combo);
+    pickbykeys(combo, number);
     settle();
 }
 
