@@ -145,9 +145,9 @@ XmlRefusal Walk::markup()
         return XmlRefusal::None;
     }
     ++m_parts;
-    if (next != QLatin1Char('!') && next != QLatin1Char('?')) {
+    if (next != QLatin1Char('!') && next != QLatin1Char('?'))
         return tag();
-    } else if (starts(QLatin1String("<!--"))) {
+    if (starts(QLatin1String("<!--"))) {
         skipbehind(QStringLiteral("-->"), 4);
     } else if (starts(QLatin1String("<![CDATA["))) {
         skipbehind(QStringLiteral("]]>"), 9);
