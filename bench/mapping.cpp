@@ -10,6 +10,7 @@
 #include "measure.h"
 #include "table.h"
 #include "textfile.h"
+#include "toolkit.h"
 
 #include <QColor>
 #include <QDir>
@@ -96,7 +97,7 @@ class Pair
 public:
     /// \a lines is how many `map` lines the export must have.
     Pair(const Record& device, const Controller& grid, const QString& layoutpath, const QString& mapperpath,
-         int lines)
+         Size lines)
         : parsed(parsing({layoutpath, mapperpath})),
           exported{[=, &grid] {
                        QString text;
@@ -156,7 +157,7 @@ void benchmapping(const QString& folder)
     const QString manylines = stored(folder + QStringLiteral("/5000 mapping.xml"), mademapping(many));
     const QString fewpads = stored(folder + QStringLiteral("/250.xml"), madelayout(few));
     const QString manypads = stored(folder + QStringLiteral("/2500.xml"), madelayout(many));
-    const int lines = exportof(device, layout, factory, grid).count(QLatin1String("<map "));
+    const Size lines = exportof(device, layout, factory, grid).count(QLatin1String("<map "));
     Pair largest(device, grid, layout, factory, lines);
     Pair small(device, grid, layout, fewlines, lines);
     Pair large(device, grid, layout, manylines, lines);

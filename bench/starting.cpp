@@ -93,9 +93,14 @@ void benchworst()
     };
     bench(QStringLiteral("a show of 500,000 lines"), "show-lines");
     bench(QStringLiteral("a show whose pages share a group"), "show-shared");
+    bench(QStringLiteral("a show with a long page id"), "show-pageid");
     bench(QStringLiteral("a project of 75,000 cells"), "project-cells");
     bench(QStringLiteral("a project with a name of 8 MB of tabs"), "project-name");
-    bench(QStringLiteral("a folder of mappings of 16 MB"), "mappers");
+    bench(QStringLiteral("a project of four heads of 2 MB"), "project-heads");
+    bench(QStringLiteral("a project with 8 MB of bank names"), "project-banks");
+    bench(QStringLiteral("a mapping of 300,000 comments and texts"), "mapping-texts");
+    bench(QStringLiteral("a folder of large mappings"), "mappers");
+    bench(QStringLiteral("a folder of 4,096 small mappings"), "mappers-small");
     bench(QStringLiteral("an export of the longest actions"), "export");
     bench(QStringLiteral("a drop of 64 MB"), "drop");
 }

@@ -79,6 +79,7 @@ private:
     XmlRefusal doctype();
     XmlRefusal tag();
     void makesafe(Size start, Size end);
+    void replace(Size at, Size count, const QString& instead);
 
     const QString m_text;
     QString m_safe;
@@ -96,7 +97,11 @@ void Walk::skipbehind(const QString& sign, Size from)
 }
 
 /// Goes behind the quoted text that begins at the place.
-void Walk::skipquotes() { skipbehind(QString(m_text.at(m_at)), 1); }
+void Walk::skipquotes()
+{
+    const Size found = m_text.indexOf(m_text.at(m_at), m_at + 1);
+    m_at = found < 0 ? m_text.size() : found + 1;
+}
 
 XmlRefusal Walk::refusal()
 {
@@ -133,12 +138,15 @@ void Walk::declaration()
 /// Anything that begins with "<".
 XmlRefusal Walk::markup()
 {
-    if (starts(QLatin1String("</"))) {
+    const QChar next = m_at + 1 < m_text.size() ? m_text.at(m_at + 1) : QChar();
+    if (next == QLatin1Char('/')) {
         --m_depth;
         m_at += 2;
         return XmlRefusal::None;
     }
     ++m_parts;
+    if (next != QLatin1Char('!') && next != QLatin1Char('?'))
+        return tag();
     if (starts(QLatin1String("<!--"))) {
         skipbehind(QStringLiteral("-->"), 4);
     } else if (starts(QLatin1String("<![CDATA["))) {
@@ -211,26 +219,42 @@ XmlRefusal Walk::tag()
     return m_depth > maxXmlDepth ? XmlRefusal::Nesting : XmlRefusal::None;
 }
 
-/// Puts character references for the tabs and line breaks of the value from \a start to \a end, and where
-/// needed what stands for them for other control characters.
+/// Puts character references for the tabs and line breaks of the quoted value from \a start to \a end, where
+/// needed what stands for them for other control characters, and plain apostrophes for references to them
+/// between double quotes: the actions of a mapping are full of these, and parsers take long over a reference.
 void Walk::makesafe(Size start, Size end)
 {
     const QChar* const signs = m_text.constData();
-    for (Size at = start; at < end; ++at) {
+    const bool plain = m_text.at(start) == QLatin1Char('"');
+    const auto next = [&](Size from) {
+        const auto iscaught = [](QChar sign) {
+            return sign.unicode() < controls || sign == QLatin1Char('&');
+        };
+        return static_cast<Size>(std::find_if(signs + from, signs + end, iscaught) - signs);
+    };
+    for (Size at = next(start); at < end; at = next(at + 1)) {
         const QChar sign = signs[at];
-        if (sign.unicode() >= controls)
-            continue;
-        m_safe.append(signs + m_copied, at - m_copied);
-        if (sign == QLatin1Char('\t'))
-            m_safe += QLatin1String("&#9;");
+        if (sign == QLatin1Char('&') && plain && QStringView(m_text).mid(at, 6) == QStringView(u"&apos;"))
+            replace(at, 6, QStringLiteral("'"));
+        else if (sign == QLatin1Char('\t'))
+            replace(at, 1, QStringLiteral("&#9;"));
         else if (sign == QLatin1Char('\n'))
-            m_safe += QLatin1String("&#10;");
+            replace(at, 1, QStringLiteral("&#10;"));
         else if (sign == QLatin1Char('\r'))
-            m_safe += QLatin1String("&#13;");
-        else
-            m_safe += domEndsAtControls ? QChar(firststandin + sign.unicode()) : sign;
-        m_copied = at + 1;
+            replace(at, 1, QStringLiteral("&#13;"));
+        else if (domEndsAtControls && sign.unicode() < controls)
+            replace(at, 1, QString(QChar(firststandin + sign.unicode())));
     }
+}
+
+/// Has \a instead stand for the \a count signs at \a at.
+void Walk::replace(Size at, Size count, const QString& instead)
+{
+    if (m_copied == 0)
+        m_safe.reserve(m_text.size());
+    m_safe.append(m_text.constData() + m_copied, at - m_copied);
+    m_safe += instead;
+    m_copied = at + count;
 }
 
 } // namespace

@@ -29,6 +29,7 @@ struct XmlText
 /// in many ways.
 /// Tabs and line breaks inside of attribute values come out as character references, since parsers differ in
 /// keeping them; other control characters, where the parser would end at them, as what stands for them.
+/// Referenced apostrophes between double quotes come out as plain ones, which parsers read faster.
 XmlText safexml(const QByteArray& xml);
 
 /// The attribute \a value, parsed from such a text, with the control characters that it had.

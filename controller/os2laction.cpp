@@ -2,28 +2,32 @@
 
 #include "toolkit.h"
 
+#include <algorithm>
+
 namespace controller {
 
 QString xmlparse(const QString& text)
 {
     const QChar* const signs = text.constData();
     QString escaped;
-    int done = 0; // how much of the text stands in there
-    const auto put = [&](int at, int count, const char* instead) {
+    Size done = 0; // how much of the text stands in there
+    const auto put = [&](Size at, Size count, const char* instead) {
         if (done == 0)
-            escaped.reserve(text.size() + text.size() / 4);
+            escaped.reserve(text.size() + text.size() / 2);
         escaped.append(signs + done, at - done);
         escaped += QLatin1String(instead);
         done = at + count;
     };
-    const auto isblank = [&](int at) {
+    const auto isblank = [&](Size at) {
         return at >= done && at < text.size() && signs[at] == QLatin1Char(' ');
     };
-    for (int at = 0; at < text.size(); ++at) {
+    // Letters and blanks, which are nearly all of it, lie on either side of these.
+    const auto next = [&](Size from) {
+        const auto isnear = [](QChar sign) { return sign.unicode() >= u'"' && sign.unicode() <= u'\''; };
+        return static_cast<Size>(std::find_if(signs + from, signs + text.size(), isnear) - signs);
+    };
+    for (Size at = next(0); at < text.size(); at = next(at + 1)) {
         const char16_t sign = signs[at].unicode();
-        // Letters are ruled out by one comparison.
-        if (sign > u'\'')
-            continue;
         if (sign == u'\'')
             put(at, 1, "&apos;");
         else if (sign == u'"')

@@ -103,6 +103,11 @@ void XmlElementsTest::readsWhatADocumentTreeReads_data()
     QTest::newRow("signs in quotes") << QByteArray("<a x='>' y=\"'/>\"/>") << "a|x=>|y='/>";
     QTest::newRow("entities") << QByteArray("<a x='&lt;&amp;&quot;&apos;&#x20AC;'/>")
                               << "a|x=<&\"'" + QString(QChar(0x20AC));
+    QTest::newRow("apostrophes between either quotes, first, last and in a row")
+        << QByteArray("<a x=\"&apos;1&apos;&apos;\t&#39;'&apos;\" y='&apos;2&apos;'/>")
+        << "a|x='1''\t'''|y='2'";
+    QTest::newRow("what only looks like a referenced apostrophe")
+        << QByteArray("<a x=\"&amp;apos;&amp;&apos;;\"/>") << "a|x=&apos;&';";
     QTest::newRow("document type")
         << QByteArray("<!DOCTYPE a [<!ELEMENT a (b|c)><!NOTATION n SYSTEM \"]>\"> <?p ]>?> ]><a x='1'/>")
         << "a|x=1";
@@ -362,6 +367,7 @@ void XmlElementsTest::answersSoonWhateverTheFileIsFullOf_data()
     };
     row("value", "<a x='", "v", "'/>");
     row("tabs in a value", "<a x='", "\t", "'/>");
+    row("referenced apostrophes in a value", "<a x=\"", "&apos;", "\"/>");
     row("references in a value", "<a x='", "&b;", "'/>");
     row("tag", "<", "n", "/>");
     row("blanks in a tag", "<a ", " ", "/>");
