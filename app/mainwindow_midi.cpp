@@ -126,13 +126,9 @@ void MainWindow::updatelayout()
     ui->tablecontroller->setFocus();
 }
 
-/// Gives the grid's lines their sizes: the spacers between the pads and the sides are thin. The view hears
-/// nothing of it, since it would paint all cells once more later; it lays them out anyway before it paints
-/// them.
+/// Gives the grid's lines their sizes: the spacers between the pads and the sides are thin.
 void MainWindow::sizecells()
 {
-    const QSignalBlocker columns(ui->tablecontroller->horizontalHeader());
-    const QSignalBlocker rows(ui->tablecontroller->verticalHeader());
     for (int line = 0; line < Grid::Lines; ++line) {
         ui->tablecontroller->setColumnWidth(line, Grid::isspacer(line) ? Grid::SpacerSize : Grid::CellWidth);
         ui->tablecontroller->setRowHeight(line, Grid::isspacer(line) ? Grid::SpacerSize : Grid::CellHeight);
