@@ -198,14 +198,23 @@ XmlRefusal Walk::doctype()
 XmlRefusal Walk::tag()
 {
     int attributes = 0;
+    bool assigned = false;
     for (++m_at; m_at < m_text.size();) {
         const char16_t sign = m_text.at(m_at).unicode();
         if (sign == u'>')
             break;
         if (sign != u'"' && sign != u'\'') {
+            assigned = assigned || sign == u'=';
             ++m_at;
             continue;
         }
+        if (!assigned) {
+            // An error to every parser, which reads no further. A name with a quote makes one in a project;
+            // all quotes behind it would be taken for values of this tag.
+            m_at = m_text.size();
+            return XmlRefusal::None;
+        }
+        assigned = false;
         if (++attributes > maxXmlAttributes)
             return XmlRefusal::Attributes;
         const Size start = m_at;

@@ -60,6 +60,8 @@ private slots:
     void readsWhatOnlyALenientDocumentTreeReads_data();
     void readsWhatOnlyALenientDocumentTreeReads();
     void keepsWhatWasReadAheadOfAnErrorWhenAskedTo();
+    void keepsWhatWasReadAheadOfAQuoteInAName_data();
+    void keepsWhatWasReadAheadOfAQuoteInAName();
     void readsTheseEncodings_data();
     void readsTheseEncodings();
     void readsEveryByteAsItsChartSays();
@@ -150,6 +152,26 @@ void XmlElementsTest::keepsWhatWasReadAheadOfAnErrorWhenAskedTo()
     QCOMPARE(lines(elementsof(xml, tags)), QStringList());
     QCOMPARE(lines(elementsof(xml, tags, Malformed::WhatWasRead)), QStringList({"a|n=1", "b|n=2"}));
     QCOMPARE(refusalof(xml), XmlRefusal::None);
+}
+
+void XmlElementsTest::keepsWhatWasReadAheadOfAQuoteInAName_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("one") << QByteArray("\"\"\"");
+    QTest::newRow("one between blanks") << QByteArray("\" \" \"");
+    QTest::newRow("one behind a name") << QByteArray("\"12\" Spot\"");
+    QTest::newRow("two") << QByteArray("\"say \"hi\"\"");
+}
+
+/// Projects hold names as they are, and a name may hold a quote. Behind it each quote would begin a value of
+/// the same tag, far more than a tag may have.
+void XmlElementsTest::keepsWhatWasReadAheadOfAQuoteInAName()
+{
+    QFETCH(QByteArray, value);
+    const QByteArray xml = "<c n=\"1\"><a n=\"2\"/><b n=" + value + "/>" +
+                           QByteArray("<a n=\"3\"/>").repeated(maxXmlAttributes + 1) + "</c>";
+    QCOMPARE(refusalof(xml), XmlRefusal::None);
+    QCOMPARE(lines(elementsof(xml, tags, Malformed::WhatWasRead)), QStringList("a|n=2"));
 }
 
 void XmlElementsTest::readsTheseEncodings_data()
