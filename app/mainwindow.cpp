@@ -14,6 +14,7 @@
 #include "radiostyle.h"
 #include "sheets.h"
 #include "styles.h"
+#include "toolkit.h"
 #include "ui_mainwindow.h"
 #include "usagemarks.h"
 #include "vdjmodel.h"
@@ -202,11 +203,12 @@ void MainWindow::setupviews()
 
 void MainWindow::setstyles()
 {
-    // Below a style sheet Qt 6 takes no font from the parent; here every widget gets as its own what it has
-    // from there.
-    const auto widgets = ui->centralWidget->findChildren<QWidget*>();
-    for (QWidget* widget : widgets)
-        widget->setFont(widget->font());
+    if (sheetsStopFonts) {
+        // So every widget gets as its own what it has from its parent.
+        const auto widgets = ui->centralWidget->findChildren<QWidget*>();
+        for (QWidget* widget : widgets)
+            widget->setFont(widget->font());
+    }
     for (QRadioButton* radio :
          {ui->radio_outputpage, ui->radio_outputmidi, ui->radioButton_8pads, ui->radioButton_16pads})
         radio->setStyle(new RadioStyle(radio));

@@ -21,6 +21,9 @@ using Size = decltype(QString().size());
 /// Whether a document tree ends at a control character, even one inside of a value; that of Qt 5 reads on.
 constexpr bool domEndsAtControls = QT_VERSION_MAJOR >= 6;
 
+/// Whether a widget takes no font from its parent where one of the two has a style sheet.
+constexpr bool sheetsStopFonts = QT_VERSION_MAJOR >= 6;
+
 /// Has the toolkit draw at the screen's scale, with the "@2x" images there, as Qt 6 always does. To be called
 /// before there is an application.
 inline void drawatscreenscale()
