@@ -18,19 +18,25 @@ QString colorformat() { return QStringLiteral("application/x-color"); }
 /// Both streams are of this version, whatever the toolkit is: later ones write colours otherwise.
 void setversion(QDataStream* stream) { stream->setVersion(QDataStream::Qt_5_15); }
 
-/// Reads texts until the stream ends; false when the bytes stop inside a text or are no texts.
-bool readtexts(const QByteArray& bytes, QVector<QString>* texts)
+/// The first \a count texts of a stream of nothing but texts; nothing when there are fewer, or when the bytes
+/// stop inside a text or are no texts.
+std::optional<QStringList> readtexts(const QByteArray& bytes, int count)
 {
     QDataStream stream(bytes);
     setversion(&stream);
+    QStringList texts;
     while (!stream.atEnd()) {
         QString text;
         stream >> text;
         if (stream.status() != QDataStream::Ok)
-            return false;
-        texts->append(text);
+            return std::nullopt;
+        // There may be millions.
+        if (texts.size() < count)
+            texts.append(text);
     }
-    return true;
+    if (texts.size() < count)
+        return std::nullopt;
+    return texts;
 }
 
 /// The first of the colours in \a bytes; nothing when there is none, or when the bytes stop inside a colour
@@ -51,7 +57,7 @@ std::optional<QColor> readcolor(const QByteArray& bytes)
     return color;
 }
 
-int numberat(const QVector<QString>& fields, int position)
+int numberat(const QStringList& fields, int position)
 {
     bool ok = false;
     const int number = fields.at(position).toInt(&ok);
@@ -90,18 +96,18 @@ std::optional<Payload> decodepayload(const QMimeData* data, int count)
         return std::nullopt;
     const QByteArray list = data->data(listformat());
     const QByteArray colors = data->data(colorformat());
-    QVector<QString> fields;
-    if (list.size() > maxPayloadSize || colors.size() > maxPayloadSize || !readtexts(list, &fields))
+    if (list.size() > maxPayloadSize || colors.size() > maxPayloadSize)
         return std::nullopt;
+    const auto fields = readtexts(list, count);
     const auto color = readcolor(colors);
-    if (fields.size() < count || !color)
+    if (!fields || !color)
         return std::nullopt;
 
     Payload payload;
-    payload.sourceRow = numberat(fields, PayloadSourceRow);
-    payload.sourceColumn = numberat(fields, PayloadSourceColumn);
-    payload.fields = QStringList(fields.cbegin(), fields.cend());
+    payload.fields = *fields;
     payload.color = color->name();
+    payload.sourceRow = numberat(*fields, PayloadSourceRow);
+    payload.sourceColumn = numberat(*fields, PayloadSourceColumn);
     return payload;
 }
 

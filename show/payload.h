@@ -42,7 +42,7 @@ enum PayloadPosition {
 /// What a receiver reads from a payload.
 struct Payload
 {
-    QStringList fields; ///< by PayloadPosition; fields of further items follow and are not used
+    QStringList fields; ///< the first item's, by PayloadPosition
     QString color;      ///< the first item's colour, "#" and six lower-case hexadecimal digits
     int sourceRow = -1; ///< field 0 as a number; -1 when it is none
     int sourceColumn = -1;
