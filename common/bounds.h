@@ -15,8 +15,8 @@ constexpr int maxXmlDepth = 100;
 constexpr int maxXmlAttributes = 256;
 
 /// Elements, attributes, comments, references and other parts of an XML file: a mapping of 10,000 lines has
-/// 30,000. The document tree takes some 400 bytes for each.
-constexpr int maxXmlParts = 300'000;
+/// 30,000. The document tree takes up to a kilobyte for each.
+constexpr int maxXmlParts = 250'000;
 
 /// `project` elements of a project file: Lumipad writes one. The show of each is looked for.
 constexpr int maxProjects = 4;
