@@ -40,10 +40,9 @@ QString milliseconds(const Work& work)
     return QString::number(median(work, &Cost::cpu) * 1e3, 'f', 3) + QStringLiteral(" ms");
 }
 
-QString megabytes(const Work& work)
-{
-    return QString::number(median(work, &Cost::memory) / 1e6, 'f', 1) + QStringLiteral(" MB");
-}
+QString megabytes(double bytes) { return QString::number(bytes / 1e6, 'f', 1) + QStringLiteral(" MB"); }
+
+QString megabytes(const Work& work) { return megabytes(median(work, &Cost::memory)); }
 
 } // namespace
 
@@ -63,6 +62,12 @@ void Table::times(const QString& what, const Work& work, const Work& floor, doub
 void Table::memory(const QString& what, const Work& work, const Work& floor, double aim)
 {
     compare(what, megabytes(work), megabytes(floor), ratio(work, floor, &Cost::memory), aim);
+}
+
+void Table::more(const QString& what, const Work& work, const Work& floor, double most)
+{
+    const double bytes = median(work, &Cost::memory) - median(floor, &Cost::memory);
+    line(what, megabytes(bytes), QString(), bytes / 1e6, most, QStringLiteral(" MB"));
 }
 
 void Table::atmost(const QString& what, const Work& work, double most)

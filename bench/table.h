@@ -22,5 +22,8 @@ void atmost(const QString& what, const Work& work, double milliseconds);
 void instructions(const QString& what, double work, double floor, double aim);
 /// \a work in peak memory against \a floor.
 void memory(const QString& what, const Work& work, const Work& floor, double aim);
+/// The peak memory that \a work takes beyond \a floor, with the most megabytes that it should be and whether
+/// that is met.
+void more(const QString& what, const Work& work, const Work& floor, double megabytes);
 
 } // namespace Table
