@@ -1,3 +1,7 @@
+// Lines are joined from many pieces; this joins each in one go. What joins has to name QString as its type:
+// the sum itself only refers to its pieces.
+#define QT_USE_QSTRINGBUILDER
+
 #include "padspagewriter.h"
 
 #include "itemroles.h"
