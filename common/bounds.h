@@ -37,7 +37,7 @@ constexpr int minMapperScan = 4096;
 
 /// What each element and attribute of a file that is parsed counts at least there: a line of a mapping has
 /// three of them and some sixty bytes.
-constexpr int minMapperScanPart = 12;
+constexpr int minMapperScanPart = 16;
 
 /// Characters of an action in a mapping; a longer one reads as empty. Actions are lines of some dozen words,
 /// and an exported mapping repeats and escapes them.
