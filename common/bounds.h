@@ -36,8 +36,8 @@ constexpr int maxMappersScan = 16 * 1024 * 1024;
 constexpr int minMapperScan = 4096;
 
 /// What each element and attribute of a file that is parsed counts at least there: a line of a mapping has
-/// three of them and some sixty bytes.
-constexpr int minMapperScanPart = 16;
+/// three of them and from fifty to two hundred bytes.
+constexpr int minMapperScanPart = 20;
 
 /// Characters of an action in a mapping; a longer one reads as empty. Actions are lines of some dozen words,
 /// and an exported mapping repeats and escapes them.
